@@ -1,0 +1,32 @@
+#ifndef QUILLFORM_QUILLFORM_H
+#define QUILLFORM_QUILLFORM_H
+
+/// Everything that an application needs of Quillform.
+
+#include <Quillform/auditors/SoAuditor.h>
+#include <Quillform/auditors/SoDialogAuditor.h>
+#include <Quillform/auditors/SoDialogCheckBoxAuditor.h>
+#include <Quillform/auditors/SoDialogChoiceAuditor.h>
+#include <Quillform/auditors/SoDialogEditTextAuditor.h>
+#include <Quillform/auditors/SoDialogGroupAuditor.h>
+#include <Quillform/auditors/SoDialogIntegerSliderAuditor.h>
+#include <Quillform/auditors/SoDialogPushButtonAuditor.h>
+#include <Quillform/auditors/SoDialogRealSliderAuditor.h>
+#include <Quillform/auditors/SoMenuCheckBoxAuditor.h>
+#include <Quillform/auditors/SoMenuFileSelectionAuditor.h>
+#include <Quillform/auditors/SoMenuPushButtonAuditor.h>
+#include <Quillform/auditors/SoMenuRadioButtonsAuditor.h>
+#include <Quillform/auditors/SoTabDialogAuditor.h>
+#include <Quillform/auditors/SoTopLevelAuditor.h>
+#include <Quillform/containers/SoTopLevelDialog.h>
+#include <Quillform/controls/SoDialogLabel.h>
+#include <Quillform/controls/SoDialogPushButton.h>
+#include <Quillform/core/SoDialogComponent.h>
+#include <Quillform/core/SoDialogWidgetList.h>
+#include <Quillform/core/SoQuillform.h>
+#include <Quillform/core/SoTopComponent.h>
+#include <Quillform/platform/SbFileHelper.h>
+#include <Quillform/platform/SoInSceneMode.h>
+#include <Quillform/platform/SoPreferences.h>
+
+#endif // QUILLFORM_QUILLFORM_H

@@ -1,0 +1,119 @@
+#include <Quillform/auditors/SoAuditorDispatch.h>
+
+#include <Inventor/errors/SoDebugError.h>
+#include <Quillform/auditors/SoDialogAuditor.h>
+#include <Quillform/controls/SoDialogPushButton.h>
+#include <Quillform/core/SoChildElements.h>
+#include <Quillform/core/SoEventScope.h>
+#include <vector>
+
+namespace {
+
+/// One kind of element that containers report, with the operation that hears of it.
+struct Report {
+  SoType (*type)();
+  void (*call)(SoDialogAuditor* auditor, SoQuillform* element);
+  SoAuditorDispatch::Scope scope; ///< the containers that report it
+};
+
+template <class Element, void (SoDialogAuditor::*operation)(Element*)>
+constexpr Report report(SoAuditorDispatch::Scope scope)
+{
+  return {&Element::getClassTypeId,
+          [](SoDialogAuditor* auditor, SoQuillform* element) { (auditor->*operation)(static_cast<Element*>(element)); },
+          scope};
+}
+
+/// In the order of the tests.
+const Report reports[] = {
+  report<SoDialogPushButton, &SoDialogAuditor::dialogPushButton>(SoAuditorDispatch::CONTROLS),
+};
+
+void callMatching(SoDialogAuditor* auditor, SoQuillform* caller, SoAuditorDispatch::Scope scope)
+{
+  for (const Report& entry : reports) {
+    if ((entry.scope == SoAuditorDispatch::CONTROLS || scope == SoAuditorDispatch::WITH_MENUS) &&
+        caller->isOfType(entry.type())) {
+      entry.call(auditor, caller);
+    }
+  }
+}
+
+bool isListed(const SoQuillform* element, const SoAuditor* auditor)
+{
+  for (int i = 0; i < element->getAuditorListLength(); i++) {
+    if (element->getAuditor(i) == auditor) {
+      return true;
+    }
+  }
+  return false;
+}
+
+} // namespace
+
+void SoAuditorDispatch::applyToParent(SoQuillform* element)
+{
+  const SoEventScope scope(element, SoEventScope::getAction());
+  if (SoQuillform* parent = element->getParent()) {
+    const SoEventScope parentScope(parent, SoEventScope::getAction());
+    parent->applyAuditor(element);
+  }
+}
+
+void SoAuditorDispatch::forEachAuditor(SoQuillform* element, const std::function<bool(SoAuditor*)>& call)
+{
+  // An auditor may change this list, delete itself or others, and release the element.
+  const SoEventScope scope(element, SoEventScope::getAction());
+  std::vector<SoAuditor*> auditors;
+  for (int i = 0; i < element->getAuditorListLength(); i++) {
+    auditors.push_back(element->getAuditor(i));
+  }
+  for (SoAuditor* auditor : auditors) {
+    if (isListed(element, auditor) && !call(auditor)) {
+      SoDebugError::post("SoAuditorDispatch::forEachAuditor",
+                         "An auditor of the wrong kind is registered with a %s (auditorID \"%s\") and is passed over.",
+                         element->getTypeId().getName().getString(), element->auditorID.getValue().getString());
+    }
+  }
+}
+
+void SoAuditorDispatch::applyDialogAuditors(SoQuillform* container, SoDialogAuditor* defaultAuditor,
+                                            SoQuillform* caller, Scope scope)
+{
+  const SoEventScope callerScope(caller, SoEventScope::getAction());
+  if (container->getAuditorListLength() == 0) {
+    if (defaultAuditor) {
+      callMatching(defaultAuditor, caller, scope);
+    }
+    return;
+  }
+  forEachAuditor(container, [caller, scope](SoAuditor* auditor) {
+    auto* typed = dynamic_cast<SoDialogAuditor*>(auditor);
+    if (typed) {
+      callMatching(typed, caller, scope);
+    }
+    return typed != nullptr;
+  });
+}
+
+void SoAuditorDispatch::applyToChildren(SoQuillform* container)
+{
+  const SoEventScope scope(container, SoEventScope::getAction());
+  const SoChildElements* children = container->getChildElements();
+  for (int i = 0; i < children->getNum(); i++) {
+    container->applyAuditor(children->get(i));
+  }
+}
+
+SoQuillform* SoAuditorDispatch::searchForAuditorId(SoQuillform* container, const SbString& id)
+{
+  const SoChildElements* children = container->getChildElements();
+  for (int i = 0; children && i < children->getNum(); i++) {
+    SoQuillform* child = children->get(i);
+    SoQuillform* found = child->auditorID.getValue() == id ? child : searchForAuditorId(child, id);
+    if (found) {
+      return found;
+    }
+  }
+  return nullptr;
+}

@@ -1,0 +1,3 @@
+#include <Quillform/auditors/SoDialogChoiceAuditor.h>
+
+SO_TYPED_OBJECT_SOURCE(SoDialogChoiceAuditor, "DialogChoiceAuditor", SoAuditor::getClassTypeId())

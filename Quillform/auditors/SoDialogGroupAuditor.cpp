@@ -1,0 +1,3 @@
+#include <Quillform/auditors/SoDialogGroupAuditor.h>
+
+SoDialogGroupAuditor::~SoDialogGroupAuditor() = default;

@@ -1,0 +1,3 @@
+#include <Quillform/auditors/SoDialogPushButtonAuditor.h>
+
+SO_TYPED_OBJECT_SOURCE(SoDialogPushButtonAuditor, "DialogPushButtonAuditor", SoAuditor::getClassTypeId())

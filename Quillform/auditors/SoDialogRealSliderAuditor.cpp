@@ -1,0 +1,3 @@
+#include <Quillform/auditors/SoDialogRealSliderAuditor.h>
+
+SO_TYPED_OBJECT_SOURCE(SoDialogRealSliderAuditor, "DialogRealSliderAuditor", SoAuditor::getClassTypeId())

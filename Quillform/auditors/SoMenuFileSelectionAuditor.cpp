@@ -1,0 +1,3 @@
+#include <Quillform/auditors/SoMenuFileSelectionAuditor.h>
+
+SO_TYPED_OBJECT_SOURCE(SoMenuFileSelectionAuditor, "MenuFileSelectionAuditor", SoAuditor::getClassTypeId())

@@ -1,0 +1,3 @@
+#include <Quillform/auditors/SoTopLevelAuditor.h>
+
+SoTopLevelAuditor::~SoTopLevelAuditor() = default;

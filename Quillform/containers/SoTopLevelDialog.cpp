@@ -1,0 +1,891 @@
+#include <Quillform/containers/SoTopLevelDialog.h>
+
+#include <Inventor/Qt/SoQt.h>
+#include <Inventor/SbPlane.h>
+#include <Inventor/errors/SoDebugError.h>
+#include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoSeparator.h>
+#include <Inventor/nodes/SoSwitch.h>
+#include <Inventor/nodes/SoTransform.h>
+#include <Inventor/projectors/SbPlaneProjector.h>
+#include <QWidget>
+#include <Quillform/auditors/SoAuditorDispatch.h>
+#include <Quillform/auditors/SoTopLevelAuditor.h>
+#include <Quillform/core/So3DPlacement.h>
+#include <Quillform/core/SoDialogComponent.h>
+#include <Quillform/core/SoText.h>
+#include <Quillform/platform/SoInSceneMode.h>
+#include <algorithm>
+#include <cstdlib>
+
+SO_QUILLFORM_SOURCE_WITH_ALIAS(SoTopLevelDialog, "SoTopLevelDialog", "TopLevelDialog")
+SO_SKIN_SOURCE(SoTopLevelDialog, "TopLevelDialog.iv", "TopLevelDialogFrame", "TopLevelDialogMinReleased",
+               "TopLevelDialogMinPressed")
+
+namespace {
+
+/// The frame in the scene: a border around the contents, and a title bar above them, in scene units.
+constexpr int border = 4;
+constexpr int titleHeight = 19;
+constexpr int barHeight = 20; // of a minimised dialog
+constexpr int buttonSize = 14;
+constexpr int buttonColumn = 24; // the right end of the title bar, where the button stands
+
+/// Heights over the dialog's plane.
+constexpr float frameFace = 1.0F;
+
+} // namespace
+
+SoTopLevelDialog::SoTopLevelDialog()
+    : m_children(this, {SoTopComponent::getClassTypeId,
+                        [this] {
+                          if (!m_suppressUpdates) {
+                            updateAfterSceneGraphChange();
+                          }
+                        }}),
+      m_box(1), m_authored(m_watched, {&width, &height, &minWidth, &minHeight, &maxWidth, &maxHeight}),
+      m_defaultAuditor(std::make_unique<SoTopLevelAuditor>()), m_dragStart(0.0F, 0.0F, 0.0F),
+      m_positionAtStart(0.0F, 0.0F, 0.0F)
+{
+  SO_QUILLFORM_CONSTRUCTOR(SoTopLevelDialog);
+
+  SO_QUILLFORM_ADD_FIELD(width, (0));
+  SO_QUILLFORM_ADD_FIELD(height, (0));
+  SO_QUILLFORM_ADD_FIELD(position, (SbVec2i32(0, 0)));
+  SO_QUILLFORM_ADD_FIELD(position3D, (0.0F, 0.0F, 0.0F));
+  SO_QUILLFORM_ADD_FIELD(resizable, (TRUE));
+  SO_QUILLFORM_ADD_FIELD(minWidth, (0));
+  SO_QUILLFORM_ADD_FIELD(minHeight, (0));
+  SO_QUILLFORM_ADD_FIELD(maxWidth, (largestWindow));
+  SO_QUILLFORM_ADD_FIELD(maxHeight, (largestWindow));
+  SO_QUILLFORM_ADD_FIELD(margin, (0));
+  SO_QUILLFORM_ADD_FIELD(rowSpacing, (0));
+  SO_QUILLFORM_ADD_FIELD(modalFrame, (FALSE));
+  SO_QUILLFORM_ADD_FIELD(hideChildren, (FALSE));
+  SO_QUILLFORM_ADD_FIELD(minimized, (FALSE));
+  SO_QUILLFORM_ADD_FIELD(minimized3DPosition, (0.0F, 0.0F, 0.0F));
+  SO_QUILLFORM_ADD_FIELD(independentMinimizedPosition, (TRUE));
+  SO_QUILLFORM_ADD_FIELD(windowResizedByChildren, (FALSE));
+  SO_QUILLFORM_ADD_FIELD(vScrollVisibility, (AUTO));
+  SO_QUILLFORM_ADD_FIELD(hScrollVisibility, (AUTO));
+  if (SO_KIT_IS_FIRST_INSTANCE()) {
+    SO_NODE_DEFINE_ENUM_VALUE(ScrollVisibility, NEVER);
+    SO_NODE_DEFINE_ENUM_VALUE(ScrollVisibility, ALWAYS);
+    SO_NODE_DEFINE_ENUM_VALUE(ScrollVisibility, AUTO);
+  }
+  SO_NODE_SET_SF_ENUM_TYPE(vScrollVisibility, ScrollVisibility);
+  SO_NODE_SET_SF_ENUM_TYPE(hScrollVisibility, ScrollVisibility);
+
+  typedef SoTopLevelDialog Self;
+  static const SoCatalogPart<Self> parts[] = {
+    {&Self::frameSep, "frameSep", "SoSeparator", "geomSwitch", FALSE},
+    {&Self::frame, "frame", "SoGroup", "frameSep", TRUE},
+    {&Self::labelSep, "labelSep", "SoSeparator", "geomSwitch", FALSE},
+    {&Self::labelProp, "labelProp", "SoGroup", "labelSep", TRUE},
+    {&Self::minSep, "minSep", "SoSeparator", "geomSwitch", FALSE},
+    {&Self::minSwtch, "minSwtch", "SoSwitch", "minSep", FALSE},
+    {&Self::minReleased, "minReleased", "SoGroup", "minSwtch", TRUE},
+    {&Self::minPressed, "minPressed", "SoGroup", "minSwtch", TRUE},
+  };
+  SO_QUILLFORM_ADD_PARTS(parts);
+  SO_KIT_INIT_INSTANCE();
+}
+
+SoTopLevelDialog::~SoTopLevelDialog()
+{
+  if (m_base && m_buildInsideParent == 0) {
+    // Not at once: the event that ends the dialog may come from one of its widgets.
+    m_base->hide();
+    m_base->deleteLater();
+  }
+}
+
+SoChildElements* SoTopLevelDialog::getChildElements()
+{
+  return &m_children;
+}
+
+SoChildElements& SoTopLevelDialog::elements()
+{
+  return m_children;
+}
+
+SoBoxModel::Children SoTopLevelDialog::getComponents() const
+{
+  SoBoxModel::Children components;
+  for (int i = 0; i < getNumChildren(); i++) {
+    components.push_back(getChild(i));
+  }
+  return components;
+}
+
+SoTopComponent* SoTopLevelDialog::widgetHasMenuBar() const
+{
+  for (SoTopComponent* child : getComponents()) {
+    if (!child->isOfType(SoDialogComponent::getClassTypeId())) {
+      return child; // everything else in a dialog is a component
+    }
+  }
+  return nullptr;
+}
+
+SbBool SoTopLevelDialog::readChildren(SoInput* in)
+{
+  return m_children.readChildren(in);
+}
+
+// Opening and closing
+
+QWidget* SoTopLevelDialog::buildDialog(QWidget* parent, int buildInsideParent)
+{
+  if (buildInsideParent != 0 && !parent) {
+    SoDebugError::post("SoTopLevelDialog::buildDialog", "%s",
+                       "There is no parent to build the dialog into; it gets a window of its own.");
+    buildInsideParent = 0;
+  }
+  if (!m_base) {
+    m_buildInsideParent = buildInsideParent;
+    m_builtInto = parent;
+  }
+  setChildrenLabelSize();
+  setChildrenComponentSize();
+  SbVec2i32 size(0, 0);
+  SbVec2i32 place(0, 0);
+  buildWidget(m_builtInto, size, place, SoInSceneMode::isEnabled() ? 0 : 1);
+  m_suppressUpdates = false;
+  return m_base;
+}
+
+void SoTopLevelDialog::show()
+{
+  if (m_buildInsideParent == 0 && existWidget(m_base)) {
+    SoQt::show(m_base);
+  }
+}
+
+void SoTopLevelDialog::hide()
+{
+  if (m_buildInsideParent == 0 && existWidget(m_base)) {
+    SoQt::hide(m_base);
+  }
+}
+
+void SoTopLevelDialog::close()
+{
+  hide();
+  unref();
+}
+
+void SoTopLevelDialog::destroyDialog()
+{
+  hide();
+  if (m_buildInsideParent != 0) {
+    std::exit(0);
+  }
+}
+
+void SoTopLevelDialog::destroyWidget()
+{
+  for (SoTopComponent* child : getComponents()) {
+    child->destroyWidget();
+  }
+  if (m_base && m_buildInsideParent == 0) {
+    m_base->hide();
+    m_base->deleteLater();
+  }
+  else {
+    delete m_layout.data();
+  }
+  m_base = nullptr;
+  m_layout = nullptr;
+  inherited::destroyWidget();
+}
+
+QWidget* SoTopLevelDialog::getWidget() const
+{
+  return m_base;
+}
+
+QVBoxLayout* SoTopLevelDialog::getLayout() const
+{
+  return m_layout;
+}
+
+QBoxLayout* SoTopLevelDialog::getLayoutFor(const SoQuillform* /*child*/) const
+{
+  return m_layout;
+}
+
+bool SoTopLevelDialog::hasWidgets() const
+{
+  return isWidgetBuilt() && m_base;
+}
+
+void SoTopLevelDialog::setPosition(SbVec2i32& pos)
+{
+  const SoWatchedFields::Pause pause(m_watched, position);
+  position = pos;
+  if (pos == SbVec2i32(0, 0)) {
+    position.setDefault(TRUE);
+  }
+}
+
+void SoTopLevelDialog::setCurrentFocusedWidget(QWidget* widget)
+{
+  m_focusedWidget = widget;
+}
+
+QWidget* SoTopLevelDialog::getCurrentFocusedWidget() const
+{
+  return m_focusedWidget;
+}
+
+void SoTopLevelDialog::setCurrentScrolledWidget(QWidget* widget)
+{
+  m_scrolledWidget = widget;
+}
+
+QWidget* SoTopLevelDialog::getCurrentScrolledWidget() const
+{
+  return m_scrolledWidget;
+}
+
+// Auditors
+
+void SoTopLevelDialog::addAuditor(SoDialogAuditor* auditor)
+{
+  inherited::addAuditor(auditor);
+}
+
+void SoTopLevelDialog::removeAuditor(SoDialogAuditor* auditor)
+{
+  inherited::removeAuditor(auditor);
+}
+
+void SoTopLevelDialog::applyAuditor(SoQuillform* caller)
+{
+  SoAuditorDispatch::applyDialogAuditors(this, m_defaultAuditor.get(), caller, SoAuditorDispatch::WITH_MENUS);
+}
+
+void SoTopLevelDialog::applyAuditors()
+{
+  SoAuditorDispatch::applyToChildren(this);
+}
+
+SoQuillform* SoTopLevelDialog::searchForAuditorId(SbString id)
+{
+  return SoAuditorDispatch::searchForAuditorId(this, id);
+}
+
+// Sizes
+
+void SoTopLevelDialog::setChildrenLabelSize()
+{
+  const SoBoxModel::Children children = getComponents();
+  const int column = SoBoxModel::getLabelColumn(children);
+  for (SoTopComponent* child : children) {
+    if (auto* component = dynamic_cast<SoDialogComponent*>(child)) {
+      const bool isVisible = component->labelVisibility.getValue();
+      SbVec2i32 size(column, isVisible ? component->getLabelInitSize()[1] : 0);
+      component->setLabelSize(size);
+    }
+  }
+}
+
+void SoTopLevelDialog::setChildrenComponentSize()
+{
+  const SoBoxModel::Children children = getComponents();
+  const int column = SoBoxModel::getComponentColumn(children);
+  for (SoTopComponent* child : children) {
+    if (auto* component = dynamic_cast<SoDialogComponent*>(child)) {
+      const int labelHeight = component->labelVisibility.getValue() ? component->getLabelInitSize()[1] : 0;
+      SbVec2i32 size(column, std::max(component->getComponentInitSize()[1], labelHeight));
+      component->setComponentSize(size);
+    }
+  }
+}
+
+void SoTopLevelDialog::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+{
+  m_box.measure(getComponents());
+  m_box.getTotal(size, min, max, margin.getValue(), rowSpacing.getValue(), widgetHasMenuBar() ? 1 : 0);
+}
+
+void SoTopLevelDialog::getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+{
+  const auto pixels = [](const SoSFInt32& field) {
+    return std::clamp(field.getValue(), 0, largestWindow);
+  };
+  size.setValue(pixels(width), pixels(height));
+  min.setValue(pixels(minWidth), pixels(minHeight));
+  max.setValue(pixels(maxWidth), pixels(maxHeight));
+  const auto isComputed = [](const SbVec2i32& value) {
+    return value[0] == 0 || value[1] == 0;
+  };
+  if (isComputed(size) || isComputed(min) || isComputed(max)) {
+    SbVec2i32 defaultSize(0, 0);
+    SbVec2i32 defaultMin(0, 0);
+    SbVec2i32 defaultMax(0, 0);
+    getDefaultSize(defaultSize, defaultMin, defaultMax);
+    for (int i = 0; i < 2; i++) {
+      size[i] = size[i] != 0 ? size[i] : defaultSize[i];
+      min[i] = min[i] != 0 ? min[i] : defaultMin[i];
+      max[i] = max[i] != 0 ? max[i] : defaultMax[i];
+    }
+  }
+  for (int i = 0; i < 2; i++) {
+    size[i] = std::min(std::max(size[i], min[i]), max[i]);
+  }
+  if (!resizable.getValue()) {
+    if (width.getValue() != 0) {
+      min[0] = max[0] = size[0];
+    }
+    if (height.getValue() != 0) {
+      min[1] = max[1] = size[1];
+    }
+  }
+}
+
+void SoTopLevelDialog::setSize(const SbVec2i32& size, const SbVec2i32& min, const SbVec2i32& max)
+{
+  m_watched.setQuietly(width, size[0]);
+  m_watched.setQuietly(height, size[1]);
+  m_watched.setQuietly(minWidth, min[0]);
+  m_watched.setQuietly(minHeight, min[1]);
+  m_watched.setQuietly(maxWidth, max[0]);
+  m_watched.setQuietly(maxHeight, max[1]);
+}
+
+void SoTopLevelDialog::setDefaultState()
+{
+  SoSFInt32* const computed[] = {&width, &height, &minWidth, &minHeight};
+  for (std::size_t i = 0; i < std::size(computed); i++) {
+    if (m_saved[i] == 0) {
+      computed[i]->setDefault(TRUE);
+    }
+  }
+  if (m_saved[SoAuthoredSizes::MAX_WIDTH] == 0 || maxWidth.getValue() == SoDialogComponent::unbounded) {
+    maxWidth.setDefault(TRUE);
+  }
+  if (m_saved[SoAuthoredSizes::MAX_HEIGHT] == 0 || maxHeight.getValue() == SoDialogComponent::unbounded) {
+    maxHeight.setDefault(TRUE);
+  }
+  if (!resizable.getValue()) {
+    minWidth.setDefault(TRUE);
+    minHeight.setDefault(TRUE);
+    maxWidth.setDefault(TRUE);
+    maxHeight.setDefault(TRUE);
+  }
+}
+
+void SoTopLevelDialog::getDefaultState(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) const
+{
+  size.setValue(m_saved[0], m_saved[1]);
+  min.setValue(m_saved[2], m_saved[3]);
+  max.setValue(m_saved[4], m_saved[5]);
+}
+
+void SoTopLevelDialog::resetSize()
+{
+  if (windowResizedByChildren.getValue()) {
+    setSize({m_saved[0], m_saved[1]}, {m_saved[2], m_saved[3]}, {m_saved[4], m_saved[5]});
+  }
+  for (SoTopComponent* child : getComponents()) {
+    child->resetSize();
+  }
+}
+
+void SoTopLevelDialog::prepareSizes(int asWidget)
+{
+  if (!m_authored.isCaptured()) {
+    m_authored.capture();
+  }
+  else if (windowResizedByChildren.getValue()) {
+    m_authored.restore();
+  }
+  else {
+    m_authored.restoreLimits();
+    if (asWidget != 0 && m_base) {
+      // A size that the user gave the window stays.
+      m_watched.setQuietly(width, m_base->width());
+      m_watched.setQuietly(height, m_base->height());
+    }
+  }
+}
+
+void SoTopLevelDialog::computeNewChildrenHeight(SbVec2i32& newSize)
+{
+  SbVec2i32 defaultSize(0, 0);
+  SbVec2i32 min(0, 0);
+  SbVec2i32 max(0, 0);
+  getDefaultSize(defaultSize, min, max);
+  m_box.distribute(newSize[1], defaultSize[1]);
+}
+
+// Building
+
+void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& place, int asWidget)
+{
+  inherited::buildWidget(parent, size, place, asWidget);
+  const bool isNewWidget = asWidget != 0 && !m_base;
+  prepareSizes(asWidget);
+  if (isNewWidget) {
+    createBaseWidget(parent);
+    m_firstBuild = false;
+  }
+  SbVec2i32 chosen(0, 0);
+  SbVec2i32 min(0, 0);
+  SbVec2i32 max(0, 0);
+  getSize(chosen, min, max);
+  for (int i = 0; i < 2; i++) {
+    if (size[i] != 0) {
+      chosen[i] = size[i] < min[i] ? min[i] : std::min(size[i], max[i]);
+    }
+  }
+  if (!resizable.getValue()) {
+    min = max = chosen;
+  }
+  if (m_firstBuild) {
+    m_saved = {width.getValue(),     height.getValue(),   minWidth.getValue(),
+               minHeight.getValue(), maxWidth.getValue(), maxHeight.getValue()};
+  }
+  setSize(chosen, min, max);
+  setDefaultState();
+  computeNewChildrenHeight(chosen);
+
+  if (asWidget != 0) {
+    updateChildren();
+    updateBaseWidget();
+  }
+  else {
+    m_size3D = chosen;
+    if (isBuilt3D() == 0) {
+      create3DTopLevelDialog();
+      setBuilt3D(1);
+      setCanBeTraversed(1);
+      m_firstBuild = false;
+    }
+    update3DChildren();
+    update3DTopLevelDialog();
+    change3DEnable();
+    updateMinimizedState();
+  }
+
+  SoField* const watched[] = {&margin,
+                              &modalFrame,
+                              &rowSpacing,
+                              &resizable,
+                              &position,
+                              &position3D,
+                              &minimized,
+                              &independentMinimizedPosition,
+                              &minimized3DPosition,
+                              &minWidth,
+                              &minHeight,
+                              &maxWidth,
+                              &maxHeight,
+                              &width,
+                              &height};
+  for (SoField* field : watched) {
+    m_watched.watch(*field);
+  }
+}
+
+void SoTopLevelDialog::createBaseWidget(QWidget* parent)
+{
+  if (m_buildInsideParent != 0 && parent) {
+    m_base = parent;
+    delete parent->layout();
+    m_base->setBackgroundRole(QPalette::Window);
+  }
+  else {
+    m_base = new QWidget;
+    m_base->setObjectName("SoTopLevelDialog");
+  }
+  m_layout = new QVBoxLayout(m_base);
+  m_layout->setObjectName("ZEPSoTopLevelDialogLayout");
+  m_layout->setContentsMargins(0, 0, 0, 0);
+  m_layout->setSpacing(m_layoutSpacing);
+  changeLabel();
+  changePosition();
+  changeMinMaxSize();
+  changeEnable();
+}
+
+void SoTopLevelDialog::updateBaseWidget()
+{
+  m_base->setMinimumSize(minWidth.getValue(), minHeight.getValue());
+  m_base->setMaximumSize(maxWidth.getValue(), maxHeight.getValue());
+  m_layout->activate(); // a stale minimum would limit the new size
+  m_base->resize(width.getValue(), height.getValue());
+}
+
+void SoTopLevelDialog::updateChildren()
+{
+  const SoBoxModel::Children children = getComponents();
+  for (std::size_t i = 0; i < children.size(); i++) {
+    SbVec2i32 size(0, 0);
+    SbVec2i32 place(0, 0);
+    children[i]->buildWidget(m_base, size, place, 1);
+    if (auto* component = dynamic_cast<SoDialogComponent*>(children[i])) {
+      component->setPlannedSize(m_box.getChildSize(i));
+    }
+  }
+  SoBoxModel::order(children, m_layout);
+}
+
+void SoTopLevelDialog::updateDialogBuild(int asWidget)
+{
+  resetSize();
+  m_box.clear();
+  setChildrenLabelSize();
+  setChildrenComponentSize();
+  SbVec2i32 size(0, 0);
+  SbVec2i32 place(0, 0);
+  buildWidget(m_builtInto, size, place, asWidget);
+}
+
+void SoTopLevelDialog::updateAfterSceneGraphChange()
+{
+  if (hasWidgets()) {
+    updateDialogBuild(1);
+  }
+  if (isBuilt3D() != 0) {
+    updateDialogBuild(0);
+  }
+}
+
+// Reactions to fields
+
+void SoTopLevelDialog::updateFromSensor(SoSensor* sensor)
+{
+  const SoField* field = SoWatchedFields::getFired(sensor);
+  if (field == &width) {
+    changeWidth();
+  }
+  else if (field == &height) {
+    changeHeight();
+  }
+  else if (field == &minWidth || field == &minHeight || field == &maxWidth || field == &maxHeight) {
+    changeMinMaxSize();
+  }
+  else if (field == &rowSpacing) {
+    m_layoutSpacing = rowSpacing.getValue();
+    if (m_layout) {
+      m_layout->setSpacing(rowSpacing.getValue());
+    }
+  }
+  else if (field == &position) {
+    if (hasWidgets()) {
+      changePosition();
+    }
+    if (isLive3D()) {
+      change3DPosition();
+    }
+  }
+  else if (field == &position3D || field == &minimized3DPosition) {
+    change3DPosition();
+  }
+  else if (field == &minimized) {
+    updateMinimizedState();
+  }
+  else if (field == &independentMinimizedPosition) {
+    connectPositions();
+  }
+  else if (field != &resizable && field != &modalFrame && field != &margin) {
+    inherited::updateFromSensor(sensor);
+  }
+}
+
+void SoTopLevelDialog::changeWidth()
+{
+  m_saved[SoAuthoredSizes::WIDTH] = width.getValue();
+  m_authored.captureOne(&width);
+}
+
+void SoTopLevelDialog::changeHeight()
+{
+  m_saved[SoAuthoredSizes::HEIGHT] = height.getValue();
+  m_authored.captureOne(&height);
+}
+
+void SoTopLevelDialog::changeMinMaxSize()
+{
+  const auto pixels = [](const SoSFInt32& field, int whenZero) {
+    const int value = std::clamp(field.getValue(), 0, largestWindow);
+    return value != 0 ? value : whenZero;
+  };
+  if (m_base) {
+    m_base->setMinimumSize(pixels(minWidth, 0), pixels(minHeight, 0));
+    m_base->setMaximumSize(pixels(maxWidth, largestWindow), pixels(maxHeight, largestWindow));
+  }
+}
+
+void SoTopLevelDialog::changePosition()
+{
+  if (m_base) {
+    const SbVec2i32& place = position.getValue();
+    // The window stands 20 pixels lower than asked for, every time: this is meant.
+    const auto lowered = std::min<long long>(static_cast<long long>(place[1]) + 20, largestWindow);
+    m_base->move(place[0], static_cast<int>(lowered));
+  }
+}
+
+void SoTopLevelDialog::changeEnable()
+{
+  if (m_base) {
+    m_base->setEnabled(enable.getValue());
+  }
+}
+
+void SoTopLevelDialog::changeLabel()
+{
+  if (m_base) {
+    m_base->setWindowTitle(SoText::toQt(convertToCString(label.getValue(), this)));
+  }
+}
+
+// The 3D form
+
+void SoTopLevelDialog::create3DTopLevelDialog()
+{
+  loadFontProperties();
+  apply3DParentTranslation();
+  m_frameTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("frameSep"));
+  fillFromSkin("frame", getSkin().getPart("TopLevelDialogFrame"));
+
+  auto* titleSeparator = makePart<SoSeparator>("labelSep");
+  m_titleTransform = So3DPlacement::insertTransform(titleSeparator);
+  fillFromSkin("labelProp", SoTextSkin::getProperties());
+  m_title3D.attach(titleSeparator, makePart<SoGroup>("labelProp"), getTextLook());
+
+  m_buttonTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("minSep"));
+  fillFromSkin("minReleased", getSkin().getPart("TopLevelDialogMinReleased"));
+  fillFromSkin("minPressed", getSkin().getPart("TopLevelDialogMinPressed"));
+  makePart<SoSwitch>("minSwtch")->whichChild = 0;
+  listenToPointer3D();
+}
+
+SbVec3f SoTopLevelDialog::getOrigin()
+{
+  // On screen, and so in the position fields, the y axis points down.
+  const SbVec3f place = getActivePosition().getValue();
+  return {place[0], -place[1], place[2]};
+}
+
+SoSFVec3f& SoTopLevelDialog::getActivePosition()
+{
+  return minimized.getValue() ? minimized3DPosition : position3D;
+}
+
+void SoTopLevelDialog::update3DTopLevelDialog()
+{
+  const float frameWidth = static_cast<float>(m_size3D[0] + 2 * border);
+  const float frameHeight =
+    minimized.getValue() ? static_cast<float>(barHeight) : static_cast<float>(m_size3D[1] + titleHeight + 2 * border);
+  So3DPlacement::place(m_frameTransform, SbVec2f(frameWidth * 0.5F, frameHeight * -0.5F),
+                       SbVec2f(frameWidth, frameHeight), 0.0F);
+  So3DPlacement::place(
+    m_buttonTransform,
+    SbVec2f(frameWidth - static_cast<float>(buttonColumn) * 0.5F, static_cast<float>(barHeight) * -0.5F),
+    SbVec2f(static_cast<float>(buttonSize), static_cast<float>(buttonSize)), frameFace);
+  m_titleTransform->translation.setValue(frameWidth * 0.5F - static_cast<float>(buttonColumn) * 0.5F,
+                                         static_cast<float>(barHeight) * -0.5F, 0.0F);
+  update3DLabel();
+  change3DPosition();
+}
+
+void SoTopLevelDialog::update3DLabel()
+{
+  const int titleWidth = m_size3D[0] + 2 * border - buttonColumn;
+  m_title3D.setText(convertToCString(label.getValue(), this));
+  m_title3D.fit(QRect(border, 0, titleWidth - 2 * border, barHeight), {titleWidth, barHeight}, CENTER, frameFace,
+                getBoundingBoxAction());
+  setLabelCacheBBox(m_title3D.getExtent());
+}
+
+void SoTopLevelDialog::update3DChildren()
+{
+  const SoBoxModel::Children children = getComponents();
+  m_plan = m_box.plan(children, QSize(m_size3D[0], m_size3D[1]), m_layoutSpacing, false);
+  for (std::size_t i = 0; i < children.size(); i++) {
+    SbVec2i32 size(m_plan[i].width(), m_plan[i].height());
+    SbVec2i32 place(m_plan[i].x(), m_plan[i].y());
+    children[i]->buildWidget(nullptr, size, place, 0);
+  }
+}
+
+void SoTopLevelDialog::update3DChildrenPosition()
+{
+  const SbVec3f origin = getOrigin();
+  const SoBoxModel::Children children = getComponents();
+  for (std::size_t i = 0; i < children.size() && i < m_plan.size(); i++) {
+    const QRect& rect = m_plan[i];
+    const SbVec3f centre(
+      static_cast<float>(border + rect.x()) + static_cast<float>(rect.width()) * 0.5F,
+      -static_cast<float>(border + titleHeight + rect.y()) - static_cast<float>(rect.height()) * 0.5F, frameFace);
+    SbVec3f translation = origin + centre;
+    children[i]->set3DParentTranslation(translation);
+  }
+}
+
+void SoTopLevelDialog::change3DPosition()
+{
+  if (isBuilt3D() == 0) {
+    return;
+  }
+  SbVec3f origin = getOrigin();
+  set3DParentTranslation(origin);
+  if (!minimized.getValue()) {
+    update3DChildrenPosition();
+  }
+}
+
+void SoTopLevelDialog::change3DLabel()
+{
+  inherited::change3DLabel();
+  update3DLabel();
+}
+
+void SoTopLevelDialog::change3DEnable()
+{
+  inherited::change3DEnable();
+  for (SoTopComponent* child : getComponents()) {
+    child->change3DWidgetEnable(enable.getValue());
+  }
+}
+
+void SoTopLevelDialog::update3DAfterSkinChange()
+{
+  inherited::change3DLabel();
+  m_title3D.forgetExtent();
+  update3DTopLevelDialog();
+}
+
+void SoTopLevelDialog::show3D(int show)
+{
+  inherited::show3D(show);
+  show3DChildren(show != 0 && !minimized.getValue() ? 1 : 0);
+}
+
+void SoTopLevelDialog::show3DChildren(int show)
+{
+  for (SoTopComponent* child : getComponents()) {
+    child->show3D(show);
+  }
+}
+
+void SoTopLevelDialog::connectPositions()
+{
+  position3D.disconnect(&minimized3DPosition);
+  minimized3DPosition.disconnect(&position3D);
+  if (!independentMinimizedPosition.getValue()) {
+    SoSFVec3f& active = getActivePosition();
+    SoSFVec3f& passive = &active == &position3D ? minimized3DPosition : position3D;
+    passive.connectFrom(&active);
+  }
+}
+
+void SoTopLevelDialog::updateMinimizedState()
+{
+  if (isBuilt3D() == 0) {
+    return;
+  }
+  if (minimized.getValue() && m_movedSinceMinimized) {
+    m_movedSinceMinimized = false;
+    m_watched.setQuietly(minimized3DPosition, position3D.getValue());
+  }
+  if (!independentMinimizedPosition.getValue()) {
+    connectPositions();
+  }
+  if (minimized.getValue()) {
+    minimize3DDialog();
+  }
+  else {
+    restore3DDialog();
+  }
+  show3DChildren(isShown3D() && !minimized.getValue() ? 1 : 0);
+}
+
+void SoTopLevelDialog::minimize3DDialog()
+{
+  if (isBuilt3D() != 0) {
+    update3DTopLevelDialog();
+  }
+}
+
+void SoTopLevelDialog::restore3DDialog()
+{
+  if (isBuilt3D() == 0) {
+    return;
+  }
+  update3DTopLevelDialog();
+  if (!hideChildren.getValue()) {
+    update3DChildrenPosition();
+  }
+}
+
+// The pointer in the scene: the title bar drags the dialog, the button minimises it
+
+SbVec3f SoTopLevelDialog::projectPointer()
+{
+  SbPlaneProjector projector(SbPlane(SbVec3f(0.0F, 0.0F, 1.0F), getLocalStartingPoint()));
+  projector.setViewVolume(getViewVolume());
+  projector.setWorkingSpace(getLocalToWorldMatrix());
+  return projector.project(getNormalizedLocaterPosition());
+}
+
+void SoTopLevelDialog::press3D()
+{
+  set3DCurrentActive(this);
+  m_pressedButton = isUnderPointer(minSep.getValue());
+  if (m_pressedButton) {
+    makePart<SoSwitch>("minSwtch")->whichChild = 1;
+    return;
+  }
+  const float depth = getOrigin()[1] - getLocalStartingPoint()[1];
+  m_draggingTitle = depth <= static_cast<float>(titleHeight + border);
+  m_dragStart = projectPointer();
+  m_positionAtStart = getActivePosition().getValue();
+}
+
+void SoTopLevelDialog::drag3D()
+{
+  if (!m_draggingTitle) {
+    return;
+  }
+  const SbVec3f moved = projectPointer() - m_dragStart;
+  m_movedSinceMinimized = m_movedSinceMinimized || !minimized.getValue();
+  getActivePosition().setValue(m_positionAtStart + SbVec3f(moved[0], -moved[1], 0.0F));
+}
+
+void SoTopLevelDialog::release3D()
+{
+  m_draggingTitle = false;
+  if (m_pressedButton) {
+    m_pressedButton = false;
+    makePart<SoSwitch>("minSwtch")->whichChild = 0;
+    if (isUnderPointer(minSep.getValue())) {
+      minimized = !minimized.getValue();
+    }
+  }
+  set3DInactive();
+}
+
+// Files
+
+void SoTopLevelDialog::exchangeAuthoredValues(bool writing)
+{
+  inherited::exchangeAuthoredValues(writing);
+  m_authored.exchange();
+  // The connection between the two places follows from independentMinimizedPosition; it is not the author's.
+  if (!independentMinimizedPosition.getValue() && isBuilt3D() != 0) {
+    if (writing) {
+      position3D.disconnect(&minimized3DPosition);
+      minimized3DPosition.disconnect(&position3D);
+    }
+    else {
+      connectPositions();
+    }
+  }
+}

@@ -1,0 +1,7 @@
+#include <Quillform/controls/SoDialogQLabel.h>
+
+SoDialogQLabel::SoDialogQLabel(QWidget* parent, SoDialogComponent* owner)
+    : SoDialogQFrame(parent, owner, "SoDialogQLabel")
+{
+  createLabel();
+}

@@ -1,0 +1,20 @@
+#include <Quillform/core/So3DPlacement.h>
+
+#include <Inventor/nodes/SoGroup.h>
+#include <Inventor/nodes/SoTransform.h>
+#include <algorithm>
+
+SoTransform* So3DPlacement::insertTransform(SoGroup* group)
+{
+  auto* transform = new SoTransform;
+  group->insertChild(transform, 0);
+  return transform;
+}
+
+void So3DPlacement::place(SoTransform* transform, const SbVec2f& centre, const SbVec2f& size, float z)
+{
+  // A scale of nothing cannot be undone, which picking needs.
+  constexpr float smallest = 0.001F;
+  transform->translation.setValue(centre[0], centre[1], z);
+  transform->scaleFactor.setValue(std::max(size[0], smallest), std::max(size[1], smallest), 1.0F);
+}

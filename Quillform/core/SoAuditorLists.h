@@ -1,0 +1,21 @@
+#ifndef QUILLFORM_SOAUDITORLISTS_H
+#define QUILLFORM_SOAUDITORLISTS_H
+
+#include <vector>
+
+class SoAuditor;
+class SoQuillform;
+
+/// Which elements hold which auditor, so that an auditor can be deleted while it is in use.
+class SoAuditorLists {
+public:
+  static void add(SoAuditor* auditor, SoQuillform* element);
+  static void remove(SoAuditor* auditor, SoQuillform* element);
+
+  /// Forgets everything about an element that is being destroyed.
+  static void removeAll(SoQuillform* element);
+
+  static std::vector<SoQuillform*> getElements(SoAuditor* auditor);
+};
+
+#endif // QUILLFORM_SOAUDITORLISTS_H

@@ -1,0 +1,164 @@
+#include <Quillform/core/SoBoxModel.h>
+
+#include <QBoxLayout>
+#include <Quillform/core/SoDialogComponent.h>
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+constexpr int unbounded = SoDialogComponent::unbounded;
+
+/// An addition that would pass the unbounded size leaves the sum as it is, it does not saturate: this is meant.
+int addMaximum(int sum, int max)
+{
+  if (max == unbounded) {
+    return unbounded;
+  }
+  return unbounded - max >= sum ? sum + max : sum;
+}
+
+/// Keeps sums of absurd sizes within what a window can have.
+int clampPixels(long long pixels)
+{
+  constexpr long long limit = QWIDGETSIZE_MAX;
+  return static_cast<int>(std::clamp(pixels, -limit, limit));
+}
+
+SoDialogComponent* toComponent(SoTopComponent* child)
+{
+  return dynamic_cast<SoDialogComponent*>(child);
+}
+
+} // namespace
+
+SoBoxModel::SoBoxModel(int axis) : m_axis(axis) {}
+
+void SoBoxModel::clear()
+{
+  m_entries.clear();
+  m_cursor = 0;
+}
+
+void SoBoxModel::measure(const Children& children)
+{
+  m_entries.resize(children.size());
+  for (std::size_t i = 0; i < children.size(); i++) {
+    Entry& entry = m_entries[i];
+    children[i]->getSize(entry.size, entry.min, entry.max);
+    if (!toComponent(children[i])) {
+      entry.max[1] = entry.min[1];
+    }
+  }
+}
+
+void SoBoxModel::getTotal(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, int margin, int spacing, int menuBars) const
+{
+  const int along = m_axis;
+  const int across = 1 - m_axis;
+  size.setValue(0, 0);
+  min.setValue(0, 0);
+  max.setValue(0, 0);
+  if (m_entries.empty()) {
+    max.setValue(unbounded, unbounded);
+  }
+  for (const Entry& entry : m_entries) {
+    size[across] = std::max(size[across], entry.size[across]);
+    min[across] = std::max(min[across], entry.min[across]);
+    max[across] = std::max(max[across], entry.max[across]);
+    size[along] = clampPixels(static_cast<long long>(size[along]) + entry.size[along]);
+    min[along] = clampPixels(static_cast<long long>(min[along]) + entry.min[along]);
+    max[along] = addMaximum(max[along], entry.max[along]);
+  }
+  // Without children the gap is negative: this is meant.
+  const long long gaps = (static_cast<long long>(m_entries.size()) - menuBars - 1) * spacing;
+  for (int i = 0; i < 2; i++) {
+    const int border = clampPixels(2LL * margin + (i == along ? gaps : 0));
+    size[i] = clampPixels(static_cast<long long>(size[i]) + border);
+    min[i] = clampPixels(static_cast<long long>(min[i]) + border);
+    max[i] = max[i] > unbounded - border ? unbounded : max[i] + border;
+  }
+}
+
+void SoBoxModel::distribute(int length, int defaultLength)
+{
+  int rest = length - defaultLength;
+  const int step = rest > 0 ? 1 : -1;
+  std::size_t unchanged = 0;
+  while (rest != 0 && unchanged < m_entries.size()) {
+    Entry& entry = m_entries[m_cursor];
+    const int changed = entry.size[m_axis] + step;
+    if (changed >= entry.min[m_axis] && changed <= entry.max[m_axis]) {
+      entry.size[m_axis] = changed;
+      rest -= step;
+      unchanged = 0;
+    }
+    else {
+      ++unchanged;
+    }
+    m_cursor = (m_cursor + 1) % m_entries.size();
+  }
+}
+
+const SbVec2i32& SoBoxModel::getChildSize(std::size_t index) const
+{
+  return m_entries[index].size;
+}
+
+std::vector<QRect> SoBoxModel::plan(const Children& children, const QSize& size, int spacing, bool verticalCells) const
+{
+  std::vector<QRect> rects(children.size());
+  QBoxLayout layout(m_axis == 1 ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  layout.setContentsMargins(0, 0, 0, 0);
+  layout.setSpacing(spacing);
+  for (std::size_t i = 0; i < children.size(); i++) {
+    if (SoDialogComponent* component = toComponent(children[i])) {
+      const SbVec2i32& wanted = m_entries[i].size;
+      layout.addItem(component->createPlannedCell(QSize(wanted[0], wanted[1]), rects[i], verticalCells));
+    }
+  }
+  layout.setGeometry(QRect(QPoint(0, 0), size));
+  return rects;
+}
+
+void SoBoxModel::order(const Children& children, QBoxLayout* layout)
+{
+  int index = 0;
+  for (SoTopComponent* child : children) {
+    SoDialogComponent* component = toComponent(child);
+    QBoxLayout* cell = component ? component->getLayout() : nullptr;
+    if (!cell || !layout) {
+      continue;
+    }
+    QLayoutItem* item = layout->itemAt(index);
+    if (!item || item->layout() != cell) {
+      layout->removeItem(cell);
+      cell->setParent(nullptr);
+      layout->insertLayout(index, cell);
+    }
+    ++index;
+  }
+}
+
+int SoBoxModel::getLabelColumn(const Children& children)
+{
+  int column = 0;
+  for (SoTopComponent* child : children) {
+    SoDialogComponent* component = toComponent(child);
+    if (component && component->labelVisibility.getValue()) {
+      column = std::max(column, component->getLabelInitSize()[0]);
+    }
+  }
+  return column;
+}
+
+int SoBoxModel::getComponentColumn(const Children& children)
+{
+  int column = 0;
+  for (SoTopComponent* child : children) {
+    if (SoDialogComponent* component = toComponent(child)) {
+      column = std::max(column, component->getComponentInitSize()[0]);
+    }
+  }
+  return column;
+}

@@ -1,0 +1,62 @@
+#ifndef QUILLFORM_SOBOXMODEL_H
+#define QUILLFORM_SOBOXMODEL_H
+
+#include <Inventor/SbVec2i32.h>
+#include <QRect>
+#include <QSize>
+#include <Quillform/Export.h>
+#include <vector>
+
+class QBoxLayout;
+class SoTopComponent;
+
+/// The sizes of the children of a container that stacks them along one axis, and what follows from them.
+class QUILLFORM_API SoBoxModel {
+public:
+  /// \a axis is 0 for children side by side, 1 for children one below the other.
+  explicit SoBoxModel(int axis);
+
+  using Children = std::vector<SoTopComponent*>;
+
+  /// Asks every child for its size and bounds. A menu bar keeps its least height.
+  void measure(const Children& children);
+
+  /// Forgets the children's sizes and starts the distribution at the first child again.
+  void clear();
+
+  /// The container's size and bounds: children summed along the axis and the largest taken across it, with
+  /// \a margin pixels on every side and \a spacing pixels between consecutive children.
+  void getTotal(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, int margin, int spacing, int menuBars) const;
+
+  /// Spreads the difference between \a length, along the axis, and the default length over the children, a
+  /// pixel at a time, each within its bounds, starting where the last call stopped.
+  void distribute(int length, int defaultLength);
+
+  /// The size wanted for a child.
+  const SbVec2i32& getChildSize(std::size_t index) const;
+
+  /// The rectangles of the children inside a container of \a size, as a layout of the window places them.
+  std::vector<QRect> plan(const Children& children, const QSize& size, int spacing, bool verticalCells) const;
+
+  /// Brings the cells of \a children in \a layout into the order of the list.
+  static void order(const Children& children, QBoxLayout* layout);
+
+  /// \name Common columns
+  /// @{
+  /// The widest visible label and the widest control of \a children.
+  static int getLabelColumn(const Children& children);
+  static int getComponentColumn(const Children& children);
+  /// @}
+
+private:
+  struct Entry {
+    SbVec2i32 size{0, 0};
+    SbVec2i32 min{0, 0};
+    SbVec2i32 max{0, 0};
+  };
+  int m_axis;
+  std::size_t m_cursor = 0; // the child that gets the next pixel
+  std::vector<Entry> m_entries;
+};
+
+#endif // QUILLFORM_SOBOXMODEL_H

@@ -1,0 +1,647 @@
+#include <Quillform/core/SoDialogComponent.h>
+
+#include <Inventor/actions/SoGetBoundingBoxAction.h>
+#include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoSeparator.h>
+#include <Inventor/nodes/SoSwitch.h>
+#include <Inventor/nodes/SoTransform.h>
+#include <QBoxLayout>
+#include <QLabel>
+#include <Quillform/core/So3DPlacement.h>
+#include <Quillform/core/SoPlannedItem.h>
+#include <Quillform/core/SoText.h>
+#include <algorithm>
+
+SO_QUILLFORM_SOURCE(SoDialogComponent, "DialogComponent")
+SO_SKIN_SOURCE(SoDialogComponent, "DialogComponent.iv", "DialogComponentEdgeStyleNone",
+               "DialogComponentEdgeStyleShadowIn", "DialogComponentEdgeStyleShadowOut")
+
+SoDialogComponent::SoDialogComponent()
+    : m_authored(m_watched, {&width, &height, &minWidth, &minHeight, &maxWidth, &maxHeight})
+{
+  SO_QUILLFORM_CONSTRUCTOR(SoDialogComponent);
+
+  SO_QUILLFORM_ADD_FIELD(width, (0));
+  SO_QUILLFORM_ADD_FIELD(height, (0));
+  SO_QUILLFORM_ADD_FIELD(fixedWidth, (FALSE));
+  SO_QUILLFORM_ADD_FIELD(fixedHeight, (FALSE));
+  SO_QUILLFORM_ADD_FIELD(minWidth, (0));
+  SO_QUILLFORM_ADD_FIELD(minHeight, (0));
+  SO_QUILLFORM_ADD_FIELD(maxWidth, (0));
+  SO_QUILLFORM_ADD_FIELD(maxHeight, (0));
+  SO_QUILLFORM_ADD_FIELD(labelVisibility, (TRUE));
+  SO_QUILLFORM_ADD_FIELD(edgeStyle, (NONE));
+  if (SO_KIT_IS_FIRST_INSTANCE()) {
+    SO_NODE_DEFINE_ENUM_VALUE(EdgeStyle, NONE);
+    SO_NODE_DEFINE_ENUM_VALUE(EdgeStyle, SHADOW_IN);
+    SO_NODE_DEFINE_ENUM_VALUE(EdgeStyle, SHADOW_OUT);
+  }
+  SO_NODE_SET_SF_ENUM_TYPE(edgeStyle, EdgeStyle);
+
+  typedef SoDialogComponent Self;
+  static const SoCatalogPart<Self> parts[] = {
+    {&Self::mainCptSeparator, "mainCptSeparator", "SoSeparator", "geomSwitch", FALSE},
+    {&Self::edgeStyleSwitch, "edgeStyleSwitch", "SoSwitch", "mainCptSeparator", FALSE},
+    {&Self::edgeStyleNone, "edgeStyleNone", "SoGroup", "edgeStyleSwitch", TRUE},
+    {&Self::edgeStyleShadowIn, "edgeStyleShadowIn", "SoGroup", "edgeStyleSwitch", TRUE},
+    {&Self::edgeStyleShadowOut, "edgeStyleShadowOut", "SoGroup", "edgeStyleSwitch", TRUE},
+  };
+  SO_QUILLFORM_ADD_PARTS(parts);
+  SO_KIT_INIT_INSTANCE();
+}
+
+SoDialogComponent::~SoDialogComponent()
+{
+  // The relay may be on the call stack, and may outlive this node by the rest of the event.
+  if (auto* relay = qobject_cast<SoDialogQFrame*>(m_frame.data())) {
+    relay->forgetOwner();
+  }
+  if (m_frame) {
+    m_frame->deleteLater();
+  }
+  delete m_cell.data();
+}
+
+// Sizes
+
+void SoDialogComponent::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+{
+  size.setValue(200, 28);
+  min.setValue(25, 25);
+  max.setValue(unbounded, unbounded);
+}
+
+void SoDialogComponent::getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+{
+  const auto pixels = [](const SoSFInt32& field) {
+    return std::clamp(field.getValue(), 0, QWIDGETSIZE_MAX);
+  };
+  size.setValue(pixels(width), pixels(height));
+  min.setValue(pixels(minWidth), pixels(minHeight));
+  max.setValue(pixels(maxWidth), pixels(maxHeight));
+  const auto isComputed = [](const SbVec2i32& value) {
+    return value[0] == 0 || value[1] == 0;
+  };
+  if (isComputed(size) || isComputed(min) || isComputed(max)) {
+    SbVec2i32 defaultSize(0, 0);
+    SbVec2i32 defaultMin(0, 0);
+    SbVec2i32 defaultMax(0, 0);
+    getDefaultSize(defaultSize, defaultMin, defaultMax);
+    for (int i = 0; i < 2; i++) {
+      size[i] = size[i] != 0 ? size[i] : defaultSize[i];
+      min[i] = min[i] != 0 ? min[i] : defaultMin[i];
+      max[i] = max[i] != 0 ? max[i] : defaultMax[i];
+    }
+  }
+  for (int i = 0; i < 2; i++) {
+    // The maximum comes last: it wins over a larger minimum.
+    size[i] = std::min(max[i], std::max(min[i], size[i]));
+  }
+  if (fixedWidth.getValue()) {
+    min[0] = max[0] = size[0];
+  }
+  if (fixedHeight.getValue()) {
+    min[1] = max[1] = size[1];
+  }
+}
+
+void SoDialogComponent::setSize(int width_, int height_, int minWidth_, int minHeight_, int maxWidth_, int maxHeight_)
+{
+  m_watched.setQuietly(width, width_);
+  m_watched.setQuietly(height, height_);
+  m_watched.setQuietly(minWidth, minWidth_);
+  m_watched.setQuietly(minHeight, minHeight_);
+  m_watched.setQuietly(maxWidth, maxWidth_);
+  m_watched.setQuietly(maxHeight, maxHeight_);
+}
+
+void SoDialogComponent::getDefaultState(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) const
+{
+  size.setValue(m_authored.get(SoAuthoredSizes::WIDTH), m_authored.get(SoAuthoredSizes::HEIGHT));
+  min.setValue(m_authored.get(SoAuthoredSizes::MIN_WIDTH), m_authored.get(SoAuthoredSizes::MIN_HEIGHT));
+  max.setValue(m_authored.get(SoAuthoredSizes::MAX_WIDTH), m_authored.get(SoAuthoredSizes::MAX_HEIGHT));
+}
+
+void SoDialogComponent::setDefaultState()
+{
+  const auto markComputed = [](SoSFInt32& field, int authored) {
+    if (authored == 0) {
+      field.setDefault(TRUE);
+    }
+  };
+  const auto markMaximum = [](SoSFInt32& field, int authored) {
+    if (authored == 0 || field.getValue() == unbounded) {
+      field.setDefault(TRUE);
+    }
+  };
+  markComputed(width, m_authored.get(SoAuthoredSizes::WIDTH));
+  markComputed(height, m_authored.get(SoAuthoredSizes::HEIGHT));
+  markComputed(minWidth, m_authored.get(SoAuthoredSizes::MIN_WIDTH));
+  markComputed(minHeight, m_authored.get(SoAuthoredSizes::MIN_HEIGHT));
+  markMaximum(maxWidth, m_authored.get(SoAuthoredSizes::MAX_WIDTH));
+  markMaximum(maxHeight, m_authored.get(SoAuthoredSizes::MAX_HEIGHT));
+  if (fixedWidth.getValue()) {
+    minWidth.setDefault(TRUE);
+    maxWidth.setDefault(TRUE);
+  }
+  if (fixedHeight.getValue()) {
+    minHeight.setDefault(TRUE);
+    maxHeight.setDefault(TRUE);
+  }
+}
+
+void SoDialogComponent::resetSize()
+{
+  m_componentSize.setValue(0, 0);
+  m_labelSize.setValue(0, 0);
+  m_labelInitSize.setValue(0, 0);
+  m_position.setValue(0, 0);
+  m_initSize.setValue(-1, -1);
+  m_watched.setQuietly(height, 0);
+  m_watched.setQuietly(width, height.getValue());
+}
+
+void SoDialogComponent::setLabelSize(SbVec2i32& size)
+{
+  m_labelSize = size;
+}
+
+const SbVec2i32& SoDialogComponent::getLabelSize() const
+{
+  return m_labelSize;
+}
+
+void SoDialogComponent::setComponentSize(SbVec2i32& size)
+{
+  m_componentSize = size;
+}
+
+const SbVec2i32& SoDialogComponent::getComponentSize() const
+{
+  return m_componentSize;
+}
+
+SbVec2i32 SoDialogComponent::getComponentInitSize()
+{
+  return {0, 0};
+}
+
+SbVec2i32 SoDialogComponent::getLabelInitSize()
+{
+  m_labelInitSize = getLabelPixelSize(label.getValue(), this);
+  return m_labelInitSize;
+}
+
+void SoDialogComponent::get2DComponentSize(SbVec2i32& size, SbVec2i32& position) const
+{
+  // The three insets differ on purpose.
+  const int inset = edgeStyle.getValue() == NONE ? 3 : edgeStyle.getValue() == SHADOW_IN ? 2 : 0;
+  size.setValue(width.getValue() - 6, height.getValue() - 6);
+  position.setValue(inset, inset);
+  if (labelVisibility.getValue()) {
+    size[0] -= m_labelSize[0] + 2;
+    position[0] += m_labelSize[0] + 2;
+  }
+}
+
+void SoDialogComponent::get3DComponentSize(SbVec2i32& size, SbVec2i32& position) const
+{
+  getControlRect3D({width.getValue(), height.getValue()}, size, position);
+}
+
+void SoDialogComponent::getControlRect3D(const SbVec2i32& frame, SbVec2i32& size, SbVec2i32& position) const
+{
+  int sizeX = frame[0] - 6;
+  int offset = 3;
+  if (labelVisibility.getValue()) {
+    offset = m_labelSize[0] + 5;
+    sizeX -= m_labelSize[0] + 2;
+  }
+  size.setValue(sizeX, frame[1] - 6);
+  position.setValue(static_cast<int>(offset + sizeX * 0.5 - frame[0] * 0.5), 0);
+}
+
+// Building
+
+void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
+{
+  inherited::buildWidget(parent, size, position, asWidget);
+
+  if (m_firstBuild) {
+    m_authored.capture();
+  }
+  else {
+    m_authored.restore();
+  }
+  if (!getParent()) {
+    // Nobody aligns a component that stands alone.
+    SbVec2i32 labelSize = getLabelInitSize();
+    setLabelSize(labelSize);
+    const SbVec2i32 natural = getComponentInitSize();
+    const int labelHeight = labelVisibility.getValue() ? m_labelInitSize[1] : 0;
+    SbVec2i32 componentSize(std::max(natural[0], 0), std::max(labelHeight, natural[1]));
+    setComponentSize(componentSize);
+  }
+  SbVec2i32 chosen(0, 0);
+  SbVec2i32 min(0, 0);
+  SbVec2i32 max(0, 0);
+  getSize(chosen, min, max);
+  for (int i = 0; i < 2; i++) {
+    if (size[i] != 0) {
+      chosen[i] = size[i] < min[i] ? min[i] : std::min(size[i], max[i]);
+    }
+  }
+  if (fixedWidth.getValue()) {
+    min[0] = max[0] = chosen[0];
+  }
+  if (fixedHeight.getValue()) {
+    min[1] = max[1] = chosen[1];
+  }
+  setSize(chosen[0], chosen[1], min[0], min[1], max[0], max[1]);
+  setDefaultState();
+  m_position = position;
+
+  if (asWidget != 0) {
+    if (!m_componentWidget) {
+      createComponentWidget(parent);
+      m_firstBuild = false;
+    }
+    updateComponentWidget();
+  }
+  else {
+    m_size3D = chosen;
+    create3DIfNeeded();
+    m_firstBuild = false;
+    update3DDialogComponent();
+  }
+  m_watched.watch(labelVisibility);
+  m_watched.watch(edgeStyle);
+  m_watched.watch(width);
+  m_watched.watch(height);
+  m_watched.watch(minWidth);
+  m_watched.watch(minHeight);
+  m_watched.watch(maxWidth);
+  m_watched.watch(maxHeight);
+}
+
+QBoxLayout* SoDialogComponent::createCell(bool verticalCell)
+{
+  QBoxLayout* cell = nullptr;
+  if (verticalCell) {
+    cell = new QVBoxLayout;
+    const bool spacerGrows = fixedHeight.getValue() || height.getValue() == maxHeight.getValue();
+    m_spacer = new QSpacerItem(20, 0, QSizePolicy::Minimum, spacerGrows ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+  }
+  else {
+    cell = new QHBoxLayout;
+    m_spacer =
+      new QSpacerItem(0, 20, fixedWidth.getValue() ? QSizePolicy::Expanding : QSizePolicy::Fixed, QSizePolicy::Minimum);
+  }
+  cell->setObjectName("ZEPSoDialogComponentLayout");
+  cell->setSpacing(0);
+  cell->setContentsMargins(0, 0, 0, 0);
+  return cell;
+}
+
+void SoDialogComponent::createComponentWidget(QWidget* parent)
+{
+  m_componentWidget = parent;
+  QBoxLayout* parentLayout = getParent() ? getParent()->getLayoutFor(this)
+                             : parent    ? qobject_cast<QBoxLayout*>(parent->layout())
+                                         : nullptr;
+  delete m_cell.data();
+  m_cell = createCell(getParent() && getParent()->hasVerticalCells());
+  if (parentLayout) {
+    parentLayout->addLayout(m_cell, 0);
+  }
+  else if (parent && !parent->layout()) {
+    parent->setLayout(m_cell); // a component that stands alone in a widget of the application
+  }
+}
+
+void SoDialogComponent::setFrame(QFrame* frame)
+{
+  m_frame = frame;
+  m_componentWidget = frame;
+}
+
+SoCellLimits SoDialogComponent::getCellLimits() const
+{
+  SoCellLimits limits;
+  limits.minimum = QSize(minWidth.getValue(), minHeight.getValue());
+  if (fixedWidth.getValue()) {
+    limits.maximum.setWidth(width.getValue());
+  }
+  if (fixedHeight.getValue()) {
+    limits.maximum.setHeight(height.getValue());
+  }
+  return limits;
+}
+
+void SoDialogComponent::addFrameToCell()
+{
+  updateComponentWidget();
+  m_cell->addWidget(m_frame, 0);
+  m_cell->addItem(m_spacer);
+  m_spacer = nullptr;
+}
+
+void SoDialogComponent::updateComponentWidget()
+{
+  if (!m_frame) {
+    return;
+  }
+  const SoCellLimits limits = getCellLimits();
+  if (m_frame->sizePolicy().horizontalPolicy() != limits.horizontal ||
+      m_frame->sizePolicy().verticalPolicy() != limits.vertical) {
+    m_frame->setSizePolicy(limits.horizontal, limits.vertical);
+  }
+  m_frame->setMinimumSize(limits.minimum);
+  m_frame->setMaximumSize(limits.maximum);
+  setPlannedSize({width.getValue(), height.getValue()});
+  if (!m_cell || !m_cell->parent()) {
+    m_frame->resize(width.getValue(), height.getValue()); // no layout gives it a size
+  }
+}
+
+void SoDialogComponent::setPlannedSize(const SbVec2i32& size)
+{
+  if (auto* relay = qobject_cast<SoDialogQFrame*>(m_frame.data())) {
+    relay->setComputedSize(QSize(size[0], size[1]));
+  }
+}
+
+QLayoutItem* SoDialogComponent::createPlannedCell(const QSize& hint, QRect& rect, bool verticalCell)
+{
+  QBoxLayout* cell = createCell(verticalCell);
+  cell->addItem(new SoPlannedItem(hint, getCellLimits(), rect));
+  cell->addItem(m_spacer);
+  m_spacer = nullptr;
+  return cell;
+}
+
+void SoDialogComponent::widgetResized(int newWidth, int newHeight)
+{
+  m_watched.setQuietly(width, newWidth);
+  m_watched.setQuietly(height, newHeight);
+  placeWidgets();
+}
+
+void SoDialogComponent::placeWidgets() {}
+
+void SoDialogComponent::removeFrame()
+{
+  if (m_frame) {
+    if (auto* relay = qobject_cast<SoDialogQFrame*>(m_frame.data())) {
+      relay->forgetOwner();
+    }
+    // Out of the window at once, but one of its widgets may be on the call stack.
+    m_frame->hide();
+    m_frame->setParent(nullptr);
+    m_frame->deleteLater();
+  }
+  m_frame = nullptr;
+  m_componentWidget = nullptr;
+  delete m_cell.data(); // with its spacer
+}
+
+void SoDialogComponent::destroyWidget()
+{
+  if (isWidgetBuilt()) {
+    removeFrame();
+  }
+  inherited::destroyWidget();
+}
+
+QWidget* SoDialogComponent::getWidget() const
+{
+  return m_componentWidget;
+}
+
+QBoxLayout* SoDialogComponent::getLayout() const
+{
+  return m_cell;
+}
+
+QWidget* SoDialogComponent::getLabelWidget()
+{
+  auto* relay = qobject_cast<SoDialogQFrame*>(m_frame.data());
+  return relay ? relay->getLabel() : nullptr;
+}
+
+void SoDialogComponent::eventNotify(unsigned int /*event*/, unsigned long /*data*/) {}
+void SoDialogComponent::setFocus() {}
+void SoDialogComponent::changeWidgetEnable(int /*enable*/) {}
+void SoDialogComponent::changeLabelVisibility() {}
+void SoDialogComponent::changeLabelAlignment() {}
+
+void SoDialogComponent::changeEnable()
+{
+  if (m_frame) {
+    m_frame->setEnabled(enable.getValue());
+  }
+}
+
+void SoDialogComponent::changeEdgeStyle()
+{
+  if (m_frame) {
+    m_frame->setFrameShape(edgeStyle.getValue() == NONE ? QFrame::NoFrame : QFrame::Panel);
+    m_frame->setFrameShadow(edgeStyle.getValue() == SHADOW_OUT ? QFrame::Raised : QFrame::Sunken);
+  }
+}
+
+void SoDialogComponent::changeWidth()
+{
+  m_authored.captureOne(&width);
+}
+
+void SoDialogComponent::changeHeight()
+{
+  m_authored.captureOne(&height);
+}
+
+void SoDialogComponent::changeMinMaxSize()
+{
+  m_authored.captureOne(&minWidth);
+  m_authored.captureOne(&minHeight);
+  m_authored.captureOne(&maxWidth);
+  m_authored.captureOne(&maxHeight);
+}
+
+void SoDialogComponent::updateFromSensor(SoSensor* sensor)
+{
+  const SoField* field = SoWatchedFields::getFired(sensor);
+  if (field == &labelVisibility) {
+    if (isWidgetBuilt()) {
+      changeLabelVisibility();
+    }
+    if (isLive3D()) {
+      change3DLabelVisibility();
+    }
+  }
+  else if (field == &edgeStyle) {
+    if (isWidgetBuilt()) {
+      changeEdgeStyle();
+    }
+    if (isLive3D()) {
+      change3DEdgeStyle();
+    }
+  }
+  else if (field == &width) {
+    changeWidth();
+  }
+  else if (field == &height) {
+    changeHeight();
+  }
+  else if (field == &minWidth || field == &minHeight || field == &maxWidth || field == &maxHeight) {
+    changeMinMaxSize();
+  }
+  else {
+    inherited::updateFromSensor(sensor);
+  }
+}
+
+// The label beside the control
+
+void SoDialogComponent::showSideLabel()
+{
+  if (auto* relay = getRelay<SoDialogQFrame>()) {
+    relay->setLabel(SoText::toQt(convertToCString(label.getValue(), this)));
+  }
+}
+
+void SoDialogComponent::alignSideLabel()
+{
+  if (auto* relay = getRelay<SoDialogQFrame>()) {
+    relay->setAlignment(SoDialogQFrame::toQt(labelAlignment.getValue()));
+  }
+}
+
+QRect SoDialogComponent::getSideLabelRect(int frameHeight) const
+{
+  const int textHeight = getLabelPixelSize(label.getValue(), this)[1];
+  // Centred in 3 pixels more than the control is: this is meant.
+  return {3, (frameHeight - 3 - textHeight) / 2 + 3, m_labelSize[0], textHeight};
+}
+
+void SoDialogComponent::placeSideLabel()
+{
+  if (auto* relay = getRelay<SoDialogQFrame>()) {
+    const QRect rect = getSideLabelRect(height.getValue());
+    relay->labelWidgetPos(rect.x(), rect.y(), rect.width(), rect.height());
+  }
+}
+
+// The 3D form
+
+void SoDialogComponent::create3DIfNeeded()
+{
+  if (!m_edgeTransform) {
+    create3DDialogComponent();
+    setBuilt3D(1);
+  }
+}
+
+void SoDialogComponent::create3DDialogComponent()
+{
+  apply3DParentTranslation();
+  loadFontProperties();
+  m_edgeTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("mainCptSeparator"));
+  fillFromSkin("edgeStyleNone", getSkin().getPart("DialogComponentEdgeStyleNone"));
+  fillFromSkin("edgeStyleShadowIn", getSkin().getPart("DialogComponentEdgeStyleShadowIn"));
+  fillFromSkin("edgeStyleShadowOut", getSkin().getPart("DialogComponentEdgeStyleShadowOut"));
+}
+
+void SoDialogComponent::create3DSideLabel(const char* switchName, const char* propertiesName)
+{
+  fillFromSkin(propertiesName, SoTextSkin::getProperties());
+  m_sideLabelSwitch = makePart<SoSwitch>(switchName);
+  m_sideLabel3D.attach(m_sideLabelSwitch, makePart<SoGroup>(propertiesName), getTextLook());
+  SoDialogComponent::change3DLabelVisibility(); // the derived class has not made its own parts yet
+}
+
+void SoDialogComponent::update3DDialogComponent()
+{
+  So3DPlacement::place(m_edgeTransform, SbVec2f(0.0F, 0.0F),
+                       SbVec2f(static_cast<float>(m_size3D[0]), static_cast<float>(m_size3D[1])), 0.0F);
+  change3DEdgeStyle();
+}
+
+void SoDialogComponent::update3DSideLabel()
+{
+  if (!m_sideLabel3D.isAttached()) {
+    return;
+  }
+  m_sideLabel3D.setText(convertToCString(label.getValue(), this));
+  m_sideLabel3D.fit(getSideLabelRect(m_size3D[1]), m_size3D, labelAlignment.getValue(), faceHeight,
+                    getBoundingBoxAction());
+  setLabelCacheBBox(m_sideLabel3D.getExtent());
+}
+
+void SoDialogComponent::update3D() {}
+
+const SbVec2i32& SoDialogComponent::get3DSize() const
+{
+  return m_size3D;
+}
+
+void SoDialogComponent::change3DEdgeStyle()
+{
+  if (auto* edges = static_cast<SoSwitch*>(edgeStyleSwitch.getValue())) {
+    edges->whichChild = edgeStyle.getValue();
+  }
+}
+
+void SoDialogComponent::change3DLabel()
+{
+  inherited::change3DLabel();
+  update3DSideLabel();
+}
+
+void SoDialogComponent::change3DLabelAlignment()
+{
+  update3DSideLabel();
+}
+
+void SoDialogComponent::change3DLabelVisibility()
+{
+  if (m_sideLabelSwitch) {
+    m_sideLabelSwitch->whichChild = labelVisibility.getValue() ? SO_SWITCH_ALL : SO_SWITCH_NONE;
+  }
+}
+
+void SoDialogComponent::update3DAfterSkinChange()
+{
+  inherited::change3DLabel();
+  update3D();
+}
+
+void SoDialogComponent::getBoundingBox(SoGetBoundingBoxAction* action)
+{
+  if (isBuilt3D() == 0) {
+    const SbBool wasNotifying = enableNotify(FALSE);
+    SoQuillform* top = getFirstTopParent(0, 1);
+    if (top && top != this && top->isBuilt3D() == 0) {
+      top->setCanBeTraversed(0);
+    }
+    SbVec2i32 size(0, 0);
+    SbVec2i32 position(0, 0);
+    buildWidget(nullptr, size, position, 0);
+    enableNotify(wasNotifying);
+  }
+  inherited::getBoundingBox(action);
+}
+
+// Files and copies
+
+void SoDialogComponent::exchangeAuthoredValues(bool writing)
+{
+  inherited::exchangeAuthoredValues(writing);
+  m_authored.exchange();
+}
+
+void SoDialogComponent::copyContents(const SoFieldContainer* from, SbBool copyConnections)
+{
+  inherited::copyContents(from, copyConnections);
+  m_authored.copyFrom(static_cast<const SoDialogComponent*>(from)->m_authored);
+}

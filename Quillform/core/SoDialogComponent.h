@@ -1,0 +1,254 @@
+#ifndef QUILLFORM_SODIALOGCOMPONENT_H
+#define QUILLFORM_SODIALOGCOMPONENT_H
+
+#include <Inventor/fields/SoSFInt32.h>
+#include <QRect>
+#include <QSizePolicy>
+#include <Quillform/core/So3DText.h>
+#include <Quillform/core/SoAuthoredSizes.h>
+#include <Quillform/core/SoDialogQFrame.h>
+#include <Quillform/core/SoSkinFile.h>
+#include <Quillform/core/SoTopComponent.h>
+
+class QLayoutItem;
+class QSpacerItem;
+
+/// How a component's frame stands in its cell of the layout, the same in both forms.
+struct SoCellLimits {
+  QSizePolicy::Policy horizontal = QSizePolicy::Preferred;
+  QSizePolicy::Policy vertical = QSizePolicy::Preferred;
+  QSize minimum = QSize(0, 0);
+  QSize maximum = QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+};
+
+/// Base of every control and group: the sizing fields, the label beside the control, and the edge.
+///
+/// A size of 0 is computed from the contents. What the layout computes is stored in the fields while the
+/// element is on screen; what the author set is remembered, used again at the next build and written to files.
+///
+/// File format, after the fields of SoQuillform, with the defaults:
+/// \code
+/// DialogComponent {
+///   width            0      # SoSFInt32: wanted width in pixels; 0 is computed
+///   height           0      # SoSFInt32: wanted height in pixels; 0 is computed
+///   fixedWidth       FALSE  # SoSFBool:  the width stays when the dialog is resized
+///   fixedHeight      FALSE  # SoSFBool:  the height stays when the dialog is resized
+///   minWidth         0      # SoSFInt32: smallest width; 0 is the class's own, 25
+///   minHeight        0      # SoSFInt32: smallest height; 0 is the class's own, 25
+///   maxWidth         0      # SoSFInt32: largest width; 0 is the class's own, 32767 (unbounded)
+///   maxHeight        0      # SoSFInt32: largest height; 0 is the class's own, 32767 (unbounded)
+///   labelVisibility  TRUE   # SoSFBool:  the label is shown
+///   edgeStyle        NONE   # SoSFEnum:  NONE, SHADOW_IN or SHADOW_OUT, the frame around the control
+/// }
+/// \endcode
+///
+/// Catalog, below `geomSwitch`:
+/// \code
+/// mainCptSeparator
+///   edgeStyleSwitch
+///     edgeStyleNone        # public
+///     edgeStyleShadowIn    # public
+///     edgeStyleShadowOut   # public
+/// \endcode
+class QUILLFORM_API SoDialogComponent : public SoTopComponent {
+  typedef SoTopComponent inherited;
+  SO_QUILLFORM_HEADER(SoDialogComponent);
+  SO_KIT_CATALOG_ENTRY_HEADER(mainCptSeparator);
+  SO_KIT_CATALOG_ENTRY_HEADER(edgeStyleSwitch);
+  SO_KIT_CATALOG_ENTRY_HEADER(edgeStyleNone);
+  SO_KIT_CATALOG_ENTRY_HEADER(edgeStyleShadowIn);
+  SO_KIT_CATALOG_ENTRY_HEADER(edgeStyleShadowOut);
+
+public:
+  /// The frame drawn around a control.
+  enum EdgeStyle { NONE = 0, SHADOW_IN = 1, SHADOW_OUT = 2 };
+
+  /// Stands for an unbounded width or height in every size computation.
+  static constexpr int unbounded = 32767;
+
+  SoSFInt32 width;          ///< wanted width in pixels, 0 computed; default 0
+  SoSFInt32 height;         ///< wanted height in pixels, 0 computed; default 0
+  SoSFBool fixedWidth;      ///< the width stays when the dialog is resized; default FALSE
+  SoSFBool fixedHeight;     ///< the height stays when the dialog is resized; default FALSE
+  SoSFInt32 minWidth;       ///< smallest width in pixels, 0 for the class's own; default 0
+  SoSFInt32 minHeight;      ///< smallest height in pixels, 0 for the class's own; default 0
+  SoSFInt32 maxWidth;       ///< largest width in pixels, 0 for the class's own; default 0
+  SoSFInt32 maxHeight;      ///< largest height in pixels, 0 for the class's own; default 0
+  SoSFBool labelVisibility; ///< the label is shown; default TRUE
+  SoSFEnum edgeStyle;       ///< an EdgeStyle; default NONE
+
+  SoDialogComponent();
+
+  SO_SKIN_HEADER();
+
+  void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
+  void destroyWidget() override;
+  void updateFromSensor(SoSensor* sensor) override;
+  void resetSize() override;
+  void changeEnable() override;
+  void changeLabelAlignment() override;
+  void getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
+
+  /// The Qt widget of the label; nullptr when there is none.
+  virtual QWidget* getLabelWidget();
+
+  /// Reacts to what the user did to the control's relay; each class says what \a event and \a data mean.
+  virtual void eventNotify(unsigned int event, unsigned long data);
+
+  /// The size that the container gives the label column, in pixels.
+  virtual void setLabelSize(SbVec2i32& size);
+
+  /// The size that the container gives the control beside the label, in pixels.
+  virtual void setComponentSize(SbVec2i32& size);
+
+  /// The natural size of the control without its label; (0, 0) in this class.
+  virtual SbVec2i32 getComponentInitSize();
+
+  /// The natural size of the label's text.
+  virtual SbVec2i32 getLabelInitSize();
+
+  virtual void setFocus();
+
+  /// Tells the component whether its container lets it be operated.
+  virtual void changeWidgetEnable(int enable);
+
+  /// The class's own size and bounds, used where a sizing field is 0.
+  virtual void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
+
+  virtual void changeLabelVisibility();
+  virtual void changeEdgeStyle();
+  virtual void updateComponentWidget();
+  virtual void changeWidth();
+  virtual void changeHeight();
+  virtual void changeMinMaxSize();
+  virtual void change3DLabelVisibility();
+  virtual void change3DEdgeStyle();
+
+  void change3DLabel() override;
+  void change3DLabelAlignment() override;
+  void update3DAfterSkinChange() override;
+
+  const SbVec2i32& getLabelSize() const;
+  const SbVec2i32& getComponentSize() const;
+
+  /// Writes the six sizing fields without a reaction.
+  void setSize(int width, int height, int minWidth, int minHeight, int maxWidth, int maxHeight);
+
+  /// What the author set: (width, height), (minWidth, minHeight), (maxWidth, maxHeight).
+  void getDefaultState(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) const;
+
+  /// Marks as default each sizing field that its author left at 0.
+  void setDefaultState();
+
+  /// Where the control stands inside the component's rectangle in the window, from its top-left corner.
+  void get2DComponentSize(SbVec2i32& size, SbVec2i32& position) const;
+
+  /// Where the control stands inside the component's rectangle in the scene: its size, and its centre
+  /// relative to the component's.
+  void get3DComponentSize(SbVec2i32& size, SbVec2i32& position) const;
+
+  /// The component's frame, or the parent widget while that is being made; nullptr before the build.
+  QWidget* getWidget() const;
+
+  /// The layout of the component's cell; nullptr before the build.
+  virtual QBoxLayout* getLayout() const;
+
+  /// Prepares the component's cell in its parent's layout.
+  void createComponentWidget(QWidget* parent);
+
+  /// The frame has a new size: stores it in width and height and places what stands inside.
+  void widgetResized(int newWidth, int newHeight);
+
+  /// How the component's frame stands in its cell.
+  virtual SoCellLimits getCellLimits() const;
+
+  /// The component's cell as it stands in a layout of the window, for planning the 3D form; the caller owns it.
+  /// \a hint is the size wanted for the component, and its final rectangle is stored in \a rect.
+  QLayoutItem* createPlannedCell(const QSize& hint, QRect& rect, bool verticalCell);
+
+  /// Tells the frame, if there is one, how large it should be.
+  void setPlannedSize(const SbVec2i32& size);
+
+  /// The rectangle size of the 3D form, in scene units.
+  const SbVec2i32& get3DSize() const;
+
+  void getBoundingBox(SoGetBoundingBoxAction* action) override;
+
+protected:
+  ~SoDialogComponent() override;
+
+  void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;
+  void exchangeAuthoredValues(bool writing) override;
+
+  /// The relay, once setRelay was called and as long as Qt keeps it.
+  template <class Relay>
+  Relay* getRelay() const
+  {
+    return static_cast<Relay*>(static_cast<QFrame*>(m_frame.data()));
+  }
+
+  /// Makes \a frame the component's widget.
+  void setFrame(QFrame* frame);
+
+  /// Puts the frame, made by a derived class, into the component's cell.
+  void addFrameToCell();
+
+  /// Places what stands inside the frame; called after every build and resize of the frame.
+  virtual void placeWidgets();
+
+  /// \name The label beside the control
+  /// Most controls have one; their own operations come down to these.
+  /// @{
+  void showSideLabel();                          ///< gives the relay the label's text
+  void alignSideLabel();                         ///< gives the relay the label's alignment
+  void placeSideLabel();                         ///< places the relay's label
+  QRect getSideLabelRect(int frameHeight) const; ///< its rectangle, from the component's top-left corner
+  /// @}
+
+  /// \name The 3D form
+  /// @{
+
+  /// Makes the component's edge and, when \a sideLabelSwitch names the switch of its label, the label.
+  void create3DDialogComponent();
+
+  /// Makes the label below the switch part \a switchName, with the text properties in \a propertiesName.
+  void create3DSideLabel(const char* switchName, const char* propertiesName);
+
+  /// Gives the edge and the label their places.
+  void update3DDialogComponent();
+  void update3DSideLabel();
+
+  /// get3DComponentSize for a component of the size \a frame. The two forms may have different sizes at a time.
+  void getControlRect3D(const SbVec2i32& frame, SbVec2i32& size, SbVec2i32& position) const;
+
+  /// Lays out the 3D form of a derived class; called after every 3D build and change of skin.
+  virtual void update3D();
+
+  /// Height of the component's front face over its origin, in scene units: where controls stand.
+  static constexpr float faceHeight = 1.0F;
+  /// @}
+
+  SbVec2i32 m_labelSize{0, 0};     ///< see setLabelSize
+  SbVec2i32 m_componentSize{0, 0}; ///< see setComponentSize
+  SbVec2i32 m_labelInitSize{0, 0}; ///< last result of getLabelInitSize
+  SbVec2i32 m_initSize{-1, -1};    ///< cache of getComponentInitSize in the controls; width -1 is not computed
+  SbVec2i32 m_position{0, 0};      ///< given to the last build
+
+private:
+  void create3DIfNeeded();
+  void removeFrame();
+  QBoxLayout* createCell(bool verticalCell);
+
+  QPointer<QWidget> m_componentWidget;    // parent widget, then the frame
+  QPointer<QFrame> m_frame;               // the relay or frame of the derived class
+  QPointer<QBoxLayout> m_cell;            // the component's place in its parent's layout
+  QSpacerItem* m_spacer = nullptr;        // waits for the frame, then belongs to the cell
+  SoAuthoredSizes m_authored;             // what the author gave the sizing fields
+  So3DText m_sideLabel3D;                 // the label in the scene
+  SoTransform* m_edgeTransform = nullptr; // below mainCptSeparator, which owns it
+  SoSwitch* m_sideLabelSwitch = nullptr;  // a catalog part of the derived class
+  SbVec2i32 m_size3D{0, 0};               // rectangle of the 3D form
+  bool m_firstBuild = true;
+};
+
+#endif // QUILLFORM_SODIALOGCOMPONENT_H

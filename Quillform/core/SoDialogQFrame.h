@@ -1,0 +1,60 @@
+#ifndef QUILLFORM_SODIALOGQFRAME_H
+#define QUILLFORM_SODIALOGQFRAME_H
+
+#include <QFrame>
+#include <QString>
+#include <Quillform/Export.h>
+
+class QLabel;
+class SoDialogComponent;
+
+/// Base of the relays between a control's node and its Qt widgets.
+///
+/// A relay is the frame that stands in the dialog's layout. It holds the control's own widgets and, for most
+/// controls, a label beside them, places them itself when it is resized, and reports what the user does to
+/// the node. It belongs to Qt, and knows when its node has died before it.
+class QUILLFORM_API SoDialogQFrame : public QFrame {
+  Q_OBJECT
+
+public:
+  /// \a name is the relay's class name in object names, such as "SoDialogQPushButton".
+  SoDialogQFrame(QWidget* parent, SoDialogComponent* owner, const QString& name);
+
+  /// Tells the relay that its node is gone.
+  void forgetOwner();
+
+  /// The size that the layout model has computed for the component.
+  void setComputedSize(const QSize& size);
+  QSize sizeHint() const override;
+
+  void setLabel(const QString& text);
+  void setAlignment(Qt::Alignment alignment);
+  void setLabelVisibility(bool visible);
+  void labelWidgetPos(int x, int y, int w, int h);
+  QLabel* getLabel() const;
+
+  static Qt::Alignment toQt(int labelAlignment);
+
+protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+  /// Reports a user action to the node, which stays alive until it has been handled.
+  void notifyOwner(unsigned int event, unsigned long data);
+
+  /// Makes the label, empty, with its object name and the dialog font.
+  void createLabel();
+
+  /// The object name of a child widget of this relay, after its role.
+  QString nameOf(const char* role) const;
+
+  /// Resizes, then moves a child widget.
+  static void place(QWidget* widget, int x, int y, int w, int h);
+
+private:
+  SoDialogComponent* m_owner; // nullptr once the node is gone
+  QString m_name;             // class name in object names
+  QLabel* m_label = nullptr;  // made by createLabel
+  QSize m_computedSize;       // see setComputedSize
+};
+
+#endif // QUILLFORM_SODIALOGQFRAME_H

@@ -1,0 +1,31 @@
+#include <Quillform/core/SoLive3DElements.h>
+
+#include <Quillform/core/SoQuillform.h>
+#include <unordered_set>
+
+namespace {
+
+std::unordered_set<SoQuillform*>& elements()
+{
+  static std::unordered_set<SoQuillform*> live;
+  return live;
+}
+
+} // namespace
+
+void SoLive3DElements::add(SoQuillform* element)
+{
+  elements().insert(element);
+}
+
+void SoLive3DElements::remove(SoQuillform* element)
+{
+  elements().erase(element);
+}
+
+void SoLive3DElements::updateAfterSkinChange()
+{
+  for (SoQuillform* element : elements()) {
+    element->update3DAfterSkinChange();
+  }
+}

@@ -1,0 +1,56 @@
+#include <Quillform/core/SoPlannedItem.h>
+
+SoPlannedItem::SoPlannedItem(const QSize& hint, const SoCellLimits& limits, QRect& rect)
+    : m_hint(hint), m_limits(limits), m_rect(rect)
+{
+}
+
+QSize SoPlannedItem::sizeHint() const
+{
+  return m_hint.boundedTo(m_limits.maximum).expandedTo(m_limits.minimum);
+}
+
+QSize SoPlannedItem::minimumSize() const
+{
+  // As a layout asks a widget: an explicit minimum wins, a fixed policy keeps the hint, and what may shrink
+  // may shrink to nothing.
+  const auto smallest = [](QSizePolicy::Policy policy, int hint, int minimum, int maximum) {
+    if (minimum > 0) {
+      return minimum;
+    }
+    return policy == QSizePolicy::Fixed ? qMin(hint, maximum) : 0;
+  };
+  return {smallest(m_limits.horizontal, m_hint.width(), m_limits.minimum.width(), m_limits.maximum.width()),
+          smallest(m_limits.vertical, m_hint.height(), m_limits.minimum.height(), m_limits.maximum.height())};
+}
+
+QSize SoPlannedItem::maximumSize() const
+{
+  const auto largest = [](QSizePolicy::Policy policy, int hint, int minimum, int maximum) {
+    return policy == QSizePolicy::Fixed && maximum == QWIDGETSIZE_MAX ? qMax(hint, minimum) : maximum;
+  };
+  return {largest(m_limits.horizontal, m_hint.width(), m_limits.minimum.width(), m_limits.maximum.width()),
+          largest(m_limits.vertical, m_hint.height(), m_limits.minimum.height(), m_limits.maximum.height())};
+}
+
+Qt::Orientations SoPlannedItem::expandingDirections() const
+{
+  return {};
+}
+
+void SoPlannedItem::setGeometry(const QRect& rect)
+{
+  // As a layout places a widget: never larger than its maximum, and in the middle of what is left.
+  const QSize size = rect.size().boundedTo(maximumSize());
+  m_rect = QRect(rect.topLeft() + QPoint((rect.width() - size.width()) / 2, (rect.height() - size.height()) / 2), size);
+}
+
+QRect SoPlannedItem::geometry() const
+{
+  return m_rect;
+}
+
+bool SoPlannedItem::isEmpty() const
+{
+  return false;
+}

@@ -1,0 +1,722 @@
+#include <Quillform/core/SoQuillform.h>
+
+#include <Inventor/SoFullPath.h>
+#include <Inventor/SoPickedPoint.h>
+#include <Inventor/actions/SoGetBoundingBoxAction.h>
+#include <Inventor/actions/SoGetMatrixAction.h>
+#include <Inventor/actions/SoHandleEventAction.h>
+#include <Inventor/actions/SoSearchAction.h>
+#include <Inventor/actions/SoWriteAction.h>
+#include <Inventor/errors/SoDebugError.h>
+#include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoPickStyle.h>
+#include <Inventor/nodes/SoSeparator.h>
+#include <Inventor/nodes/SoSwitch.h>
+#include <Inventor/nodes/SoTransform.h>
+#include <Inventor/nodes/SoTranslation.h>
+#include <QApplication>
+#include <Quillform/auditors/SoAuditor.h>
+#include <Quillform/core/SoAuditorLists.h>
+#include <Quillform/core/SoChildElements.h>
+#include <Quillform/core/SoElementKinds.h>
+#include <Quillform/core/SoEventScope.h>
+#include <Quillform/core/SoLive3DElements.h>
+
+SO_QUILLFORM_SOURCE(SoQuillform, "Quillform")
+
+namespace {
+
+int s_instanceCount = 0;
+SoQuillform* s_lastActive = nullptr;
+
+const SbBox3f emptyLabelBox(-1.0F, -1.0F, -1.0F, -1.0F, -1.0F, -1.0F);
+
+/// Made on first use: a static font would exist before the application object.
+QFont& font()
+{
+  static QFont current("Microsoft Sans Serif", 8);
+  return current;
+}
+
+} // namespace
+
+SoQuillform::SoQuillform()
+    : m_watched(fieldChangedCB, this), m_parentTranslation(0.0F, 0.0F, 0.0F), m_labelBox(emptyLabelBox)
+{
+  ++s_instanceCount;
+  SO_QUILLFORM_CONSTRUCTOR(SoQuillform);
+
+  SO_QUILLFORM_ADD_FIELD(enable, (TRUE));
+  SO_QUILLFORM_ADD_FIELD(label, (""));
+  SO_QUILLFORM_ADD_FIELD(auditorID, (""));
+  SO_QUILLFORM_ADD_FIELD(labelAlignment, (RIGHT));
+  if (SO_KIT_IS_FIRST_INSTANCE()) {
+    SO_NODE_DEFINE_ENUM_VALUE(LabelAlignment, LEFT);
+    SO_NODE_DEFINE_ENUM_VALUE(LabelAlignment, CENTER);
+    SO_NODE_DEFINE_ENUM_VALUE(LabelAlignment, RIGHT);
+  }
+  SO_NODE_SET_SF_ENUM_TYPE(labelAlignment, LabelAlignment);
+
+  static const SoCatalogPart<SoQuillform> parts[] = {
+    {&SoQuillform::geomSwitch, "geomSwitch", "SoSwitch", "geomSeparator", FALSE},
+  };
+  SO_QUILLFORM_ADD_PARTS(parts);
+  SO_KIT_INIT_INSTANCE();
+}
+
+SoQuillform::~SoQuillform()
+{
+  SoQuillform::set3DInactive();
+  SoLive3DElements::remove(this);
+  if (m_auditors) {
+    SoAuditorLists::removeAll(this);
+  }
+  if (m_textLook) {
+    m_textLook->unref();
+  }
+  --s_instanceCount;
+}
+
+void SoQuillform::destroy()
+{
+  destroyByRef(this);
+  inherited::destroy();
+}
+
+int SoQuillform::getInstanceCount()
+{
+  return s_instanceCount;
+}
+
+// Auditors
+
+void SoQuillform::addAuditor(SoAuditor* auditor)
+{
+  if (!auditor) {
+    return;
+  }
+  if (!m_auditors) {
+    m_auditors = std::make_unique<SbPList>();
+  }
+  if (m_auditors->find(auditor) < 0) {
+    m_auditors->append(auditor);
+    SoAuditorLists::add(auditor, this);
+  }
+}
+
+void SoQuillform::removeAuditor(SoAuditor* auditor)
+{
+  const int index = m_auditors ? m_auditors->find(auditor) : -1;
+  if (index >= 0) {
+    m_auditors->remove(index);
+    SoAuditorLists::remove(auditor, this);
+  }
+}
+
+SoAuditor* SoQuillform::getAuditor(int index) const
+{
+  // Reading a pointer list past its end would make it grow.
+  return index >= 0 && index < getAuditorListLength() ? static_cast<SoAuditor*>((*m_auditors)[index]) : nullptr;
+}
+
+int SoQuillform::getAuditorListLength() const
+{
+  return m_auditors ? m_auditors->getLength() : 0;
+}
+
+void SoQuillform::forgetAuditor(SoAuditor* auditor)
+{
+  for (SoQuillform* element : SoAuditorLists::getElements(auditor)) {
+    element->removeAuditor(auditor);
+  }
+}
+
+void SoQuillform::applyDlgCptAuditor() {}
+
+// Place in the dialog
+
+void SoQuillform::setParent(SoQuillform* parent)
+{
+  m_parent = parent;
+}
+
+SoQuillform* SoQuillform::getParent() const
+{
+  return m_parent;
+}
+
+SoQuillform* SoQuillform::getFirstTopParent(int ignoreTraversal, int returnSelfIfRoot)
+{
+  if (!m_parent) {
+    return returnSelfIfRoot != 0 && SoElementKinds::isGroup(this) ? this : nullptr;
+  }
+  if (m_parent->canBeTraversed() == 0 && ignoreTraversal == 0) {
+    return returnSelfIfRoot != 0 ? this : nullptr;
+  }
+  if (SoElementKinds::isTopLevelDialog(m_parent)) {
+    return m_parent;
+  }
+  return m_parent->getFirstTopParent(ignoreTraversal, returnSelfIfRoot);
+}
+
+// Fonts and widgets
+
+void SoQuillform::setFont(QFont font_)
+{
+  font() = font_;
+}
+
+void SoQuillform::setWidgetFont(QWidget* widget)
+{
+  if (widget) {
+    widget->setFont(font());
+  }
+}
+
+QFont SoQuillform::getQuillformFont()
+{
+  return font();
+}
+
+SbBool SoQuillform::existWidget(QWidget* widget)
+{
+  return widget != nullptr;
+}
+
+SbBool SoQuillform::isWidgetBuilt() const
+{
+  return m_widgetBuilt != 0;
+}
+
+// Realisation
+
+void SoQuillform::buildWidget(QWidget* parent, SbVec2i32& /*size*/, SbVec2i32& /*position*/, int asWidget)
+{
+  if (asWidget != 0) {
+    m_widgetBuilt = asWidget;
+    m_parentWidget = parent;
+  }
+  else if (m_built3D == 0) {
+    create3DQuillform();
+  }
+  m_watched.watch(enable);
+  m_watched.watch(label);
+  m_watched.watch(labelAlignment);
+}
+
+void SoQuillform::destroyWidget()
+{
+  m_widgetBuilt = 0;
+}
+
+void SoQuillform::fieldChangedCB(void* data, SoSensor* sensor)
+{
+  static_cast<SoQuillform*>(data)->updateFromSensor(sensor);
+}
+
+void SoQuillform::updateFromSensor(SoSensor* sensor)
+{
+  const SoField* field = SoWatchedFields::getFired(sensor);
+  if (field == &enable) {
+    if (isWidgetBuilt()) {
+      changeEnable();
+    }
+    if (isLive3D()) {
+      change3DEnable();
+    }
+  }
+  else if (field == &label) {
+    if (isWidgetBuilt()) {
+      changeLabel();
+    }
+    if (isLive3D()) {
+      change3DLabel();
+    }
+  }
+  else if (field == &labelAlignment) {
+    if (isWidgetBuilt()) {
+      changeLabelAlignment();
+    }
+    if (isLive3D()) {
+      change3DLabelAlignment();
+    }
+  }
+}
+
+void SoQuillform::applyAuditor(SoQuillform* /*caller*/) {}
+void SoQuillform::resetSize() {}
+
+QBoxLayout* SoQuillform::getLayoutFor(const SoQuillform* /*child*/) const
+{
+  return nullptr;
+}
+
+SbBool SoQuillform::hasVerticalCells() const
+{
+  return FALSE;
+}
+
+void SoQuillform::changeEnable() {}
+void SoQuillform::changeLabel() {}
+void SoQuillform::changeLabelAlignment() {}
+void SoQuillform::change3DPosition() {}
+void SoQuillform::change3DLabelAlignment() {}
+void SoQuillform::update3DAfterSkinChange() {}
+
+// 3D form
+
+void SoQuillform::create3DQuillform()
+{
+  if (m_pickStyle) {
+    return;
+  }
+  auto* geometry = makePart<SoSwitch>("geomSwitch");
+  geometry->whichChild = m_shown3D != 0 ? SO_SWITCH_ALL : SO_SWITCH_NONE;
+  m_pickStyle = new SoPickStyle;
+  m_material = new SoMaterial;
+  m_textLook = new SoMaterial;
+  m_textLook->ref();
+  // These speak of a colour only; everything else is the skin's.
+  for (SoMaterial* material : {m_material, m_textLook}) {
+    material->ambientColor.setIgnored(TRUE);
+    material->specularColor.setIgnored(TRUE);
+    material->shininess.setIgnored(TRUE);
+    material->transparency.setIgnored(TRUE);
+  }
+  m_material->diffuseColor.setIgnored(TRUE);
+  m_textLook->diffuseColor = SbColor(0.5F, 0.5F, 0.5F);
+  m_textLook->emissiveColor = SbColor(0.0F, 0.0F, 0.0F);
+  geometry->insertChild(m_pickStyle, 0);
+  geometry->insertChild(m_material, 1);
+  SoLive3DElements::add(this);
+  SoQuillform::change3DEnable();
+}
+
+void SoQuillform::apply3DUsability(bool usable, int pickStyle)
+{
+  if (!m_pickStyle) {
+    return;
+  }
+  m_pickStyle->style = usable ? pickStyle : SoPickStyle::UNPICKABLE;
+  m_material->emissiveColor = usable ? SbColor(0.0F, 0.0F, 0.0F) : SbColor(0.5F, 0.5F, 0.5F);
+  // The texts' own pick styles must not make a disabled element pickable again.
+  m_pickStyle->setOverride(!usable);
+  m_textLook->diffuseColor.setIgnored(usable);
+  m_textLook->emissiveColor.setIgnored(usable);
+  m_textLook->touch();
+}
+
+SoMaterial* SoQuillform::getTextLook() const
+{
+  return m_textLook;
+}
+
+void SoQuillform::change3DEnable()
+{
+  apply3DUsability(enable.getValue() && m_enabledByParents, SoPickStyle::BOUNDING_BOX);
+}
+
+void SoQuillform::change3DWidgetEnable(int enabled)
+{
+  m_enabledByParents = enabled != 0;
+  apply3DUsability(enabled != 0 && enable.getValue(), SoPickStyle::SHAPE);
+}
+
+SbBool SoQuillform::isEnabledByParents() const
+{
+  return m_enabledByParents;
+}
+
+void SoQuillform::change3DLabel()
+{
+  m_labelBox = emptyLabelBox;
+}
+
+void SoQuillform::setLabelCacheBBox(SbBox3f box)
+{
+  m_labelBox = box;
+}
+
+const SbBox3f& SoQuillform::getLabelCachedBBox() const
+{
+  return m_labelBox;
+}
+
+SbBool SoQuillform::isLabelCachedBBox() const
+{
+  return m_labelBox.getMin() != emptyLabelBox.getMin() || m_labelBox.getMax() != emptyLabelBox.getMax();
+}
+
+void SoQuillform::show3D(int show)
+{
+  m_shown3D = show;
+  if (auto* geometry = static_cast<SoSwitch*>(geomSwitch.getValue())) {
+    geometry->whichChild = show != 0 ? SO_SWITCH_ALL : SO_SWITCH_NONE;
+  }
+}
+
+SbBool SoQuillform::isShown3D() const
+{
+  return m_shown3D != 0;
+}
+
+void SoQuillform::set3DParentTranslation(SbVec3f& translation)
+{
+  m_parentTranslation = translation;
+  if (m_parentTranslationNode) {
+    m_parentTranslationNode->translation = translation;
+  }
+}
+
+const SbVec3f& SoQuillform::get3DParentTranslation() const
+{
+  return m_parentTranslation;
+}
+
+void SoQuillform::apply3DParentTranslation()
+{
+  if (!m_parentTranslationNode) {
+    m_parentTranslationNode = new SoTranslation;
+    makePart<SoSeparator>("geomSeparator")->insertChild(m_parentTranslationNode, 0);
+  }
+  m_parentTranslationNode->translation = m_parentTranslation;
+}
+
+void SoQuillform::undoTransformMatrix(SoNode* node, SoTransform* transform)
+{
+  SoSearchAction* search = getSearchAction();
+  search->reset();
+  search->setNode(node);
+  search->setSearchingAll(TRUE);
+  search->apply(topSeparator.getValue());
+  if (search->getPath()) {
+    SoGetMatrixAction* matrix = getMatrixAction();
+    matrix->apply(search->getPath());
+    transform->setMatrix(matrix->getInverse());
+  }
+  search->reset();
+}
+
+float SoQuillform::compute3DDepth(SoNode* node)
+{
+  auto* transform = new SoTransform;
+  transform->ref();
+  undoTransformMatrix(node, transform);
+  const float depth = transform->translation.getValue()[2];
+  transform->unref();
+  return depth;
+}
+
+SoQuillform* SoQuillform::get3DCurrentActive()
+{
+  return s_lastActive;
+}
+
+void SoQuillform::set3DCurrentActive(SoQuillform* node)
+{
+  if (s_lastActive && s_lastActive != node) {
+    s_lastActive->set3DInactive();
+  }
+  s_lastActive = node;
+}
+
+void SoQuillform::set3DInactive()
+{
+  if (s_lastActive == this) {
+    s_lastActive = nullptr;
+  }
+}
+
+void SoQuillform::setBuilt3D(int built)
+{
+  m_built3D = built;
+}
+
+int SoQuillform::isBuilt3D() const
+{
+  return m_built3D;
+}
+
+void SoQuillform::setCanBeTraversed(int traversable)
+{
+  m_canBeTraversed = traversable;
+}
+
+int SoQuillform::canBeTraversed() const
+{
+  return m_canBeTraversed;
+}
+
+SbBool SoQuillform::isLive3D() const
+{
+  return m_built3D != 0 && m_canBeTraversed != 0;
+}
+
+SoGetBoundingBoxAction* SoQuillform::getBoundingBoxAction()
+{
+  if (!m_boxAction) {
+    m_boxAction = std::make_unique<SoGetBoundingBoxAction>(SbViewportRegion());
+  }
+  return m_boxAction.get();
+}
+
+SoSearchAction* SoQuillform::getSearchAction()
+{
+  if (!m_searchAction) {
+    m_searchAction = std::make_unique<SoSearchAction>();
+  }
+  return m_searchAction.get();
+}
+
+SoGetMatrixAction* SoQuillform::getMatrixAction()
+{
+  if (!m_matrixAction) {
+    m_matrixAction = std::make_unique<SoGetMatrixAction>(SbViewportRegion());
+  }
+  return m_matrixAction.get();
+}
+
+// Events in the scene
+
+void SoQuillform::handleEvent(SoHandleEventAction* action)
+{
+  const SoEventScope scope(this, action);
+  inherited::handleEvent(action);
+}
+
+void SoQuillform::listenToPointer3D()
+{
+  if (!m_listening) {
+    m_listening = true;
+    addStartCallback(startCB3D, this);
+    addMotionCallback(motionCB3D, this);
+    addFinishCallback(finishCB3D, this);
+  }
+}
+
+void SoQuillform::startCB3D(void* data, SoDragger* /*dragger*/)
+{
+  auto* self = static_cast<SoQuillform*>(data);
+  // From here on the events come straight to this element: the release is told apart even when it happens
+  // elsewhere, and what auditors do to the scene at the release happens outside the scene's traversal.
+  if (SoHandleEventAction* action = SoEventScope::getAction()) {
+    action->setGrabber(self);
+  }
+  self->press3D();
+}
+
+void SoQuillform::motionCB3D(void* data, SoDragger* /*dragger*/)
+{
+  static_cast<SoQuillform*>(data)->drag3D();
+}
+
+void SoQuillform::finishCB3D(void* data, SoDragger* /*dragger*/)
+{
+  auto* self = static_cast<SoQuillform*>(data);
+  SoHandleEventAction* action = SoEventScope::getAction();
+  if (action && action->getGrabber() == self) {
+    action->releaseGrabber();
+  }
+  self->release3D();
+}
+
+void SoQuillform::press3D() {}
+void SoQuillform::drag3D() {}
+void SoQuillform::release3D() {}
+
+SbBool SoQuillform::isUnderPointer(SoNode* node)
+{
+  // The dragger's own pick path is gone by the time of the release; the action still knows the pointer.
+  SoHandleEventAction* action = SoEventScope::getAction();
+  const SoPickedPoint* point = action ? action->getPickedPoint() : nullptr;
+  return node && point && point->getPath()->findNode(node) >= 0;
+}
+
+// Files and copies
+
+void SoQuillform::fillFromSkin(const char* partName, SoGroup* skinPart)
+{
+  const auto* field = static_cast<const SoSFNode*>(getField(partName));
+  if (!skinPart || (field && field->getValue() && m_skinParts.count(partName) == 0)) {
+    return;
+  }
+  if (setAnyPart(partName, skinPart)) {
+    m_skinParts.insert(partName);
+    getField(partName)->setDefault(TRUE);
+  }
+}
+
+bool SoQuillform::isAuthorPart(int partNumber) const
+{
+  const SoNodekitCatalog* catalog = getNodekitCatalog();
+  const SbName name = catalog->getName(partNumber);
+  const auto* field = static_cast<const SoSFNode*>(getField(name));
+  return catalog->isPublic(partNumber) && catalog->isLeaf(partNumber) && field && field->getValue() &&
+         m_skinParts.count(name.getString()) == 0;
+}
+
+void SoQuillform::setDefaultOnNonWritingFields()
+{
+  const SoNodekitCatalog* catalog = getNodekitCatalog();
+  for (int i = 1; i < catalog->getNumEntries(); i++) {
+    if (!isAuthorPart(i)) {
+      getField(catalog->getName(i))->setDefault(TRUE);
+    }
+  }
+  inherited::setDefaultOnNonWritingFields();
+}
+
+void SoQuillform::exchangeAuthoredValues(bool /*writing*/) {}
+
+SoChildElements* SoQuillform::getChildElements()
+{
+  return nullptr;
+}
+
+const SoChildElements* SoQuillform::getChildElements() const
+{
+  return const_cast<SoQuillform*>(this)->getChildElements();
+}
+
+void SoQuillform::addWriteReference(SoOutput* out, SbBool isFromField)
+{
+  SoChildElements* children = getChildElements();
+  if (!children) {
+    inherited::addWriteReference(out, isFromField);
+    return;
+  }
+  // A container is written like a group, fields first and then children, not like a kit.
+  setDefaultOnNonWritingFields();
+  SoFieldContainer::addWriteReference(out, FALSE);
+  if (!hasMultipleWriteRefs()) {
+    for (int i = 0; i < children->getNum(); i++) {
+      children->get(i)->addWriteReference(out);
+    }
+  }
+}
+
+void SoQuillform::write(SoWriteAction* action)
+{
+  SoChildElements* children = getChildElements();
+  SoOutput* out = action->getOutput();
+  exchangeAuthoredValues(true);
+  if (!children) {
+    inherited::write(action);
+  }
+  else if (out->getStage() == SoOutput::COUNT_REFS) {
+    addWriteReference(out);
+  }
+  else if (!writeHeader(out, TRUE, FALSE)) {
+    SoFieldContainer::writeInstance(out);
+    int onPath = 0;
+    const int* indices = nullptr;
+    const bool alongPath = action->getPathCode(onPath, indices) == SoAction::IN_PATH;
+    const int kitChildren = getChildren()->getLength() - children->getNum();
+    const int count = alongPath && onPath > 0 ? indices[onPath - 1] - kitChildren + 1 : children->getNum();
+    if (out->isBinary()) {
+      out->write(count);
+    }
+    for (int i = 0; i < count; i++) {
+      children->get(i)->write(action);
+    }
+    writeFooter(out);
+  }
+  exchangeAuthoredValues(false);
+}
+
+SbBool SoQuillform::readInstance(SoInput* in, unsigned short flags)
+{
+  SoChildElements* children = getChildElements();
+  if (!children) {
+    return inherited::readInstance(in, flags);
+  }
+  const SbBool wasNotifying = enableNotify(FALSE);
+  ref(); // a broken file may make this node its own grandchild for a moment
+  // A kit's own reading takes every unknown word for a part; here the children's class names follow.
+  SbBool isRead = SoFieldContainer::readInstance(in, static_cast<unsigned short>(flags | IS_GROUP));
+  if (isRead) {
+    adoptReadParts();
+    if (!in->isBinary() || (flags & IS_GROUP) != 0) {
+      isRead = children->readChildren(in);
+    }
+  }
+  unrefNoDelete();
+  enableNotify(wasNotifying);
+  return isRead;
+}
+
+void SoQuillform::adoptReadParts()
+{
+  const SoNodekitCatalog* catalog = getNodekitCatalog();
+  for (int i = 1; i < catalog->getNumEntries(); i++) {
+    auto* field = static_cast<SoSFNode*>(getField(catalog->getName(i)));
+    SoNode* node = field->getValue();
+    if (!node || field->isDefault() || !isAuthorPart(i)) {
+      continue;
+    }
+    // The field was read like any other; the node must also take its place in the kit.
+    node->ref();
+    field->setValue(nullptr);
+    setAnyPart(catalog->getName(i), node);
+    node->unref();
+  }
+}
+
+void SoQuillform::search(SoSearchAction* action)
+{
+  inherited::search(action);
+  // A kit's contents are searched only on demand, the elements inside a container always.
+  SoChildElements* children = getChildElements();
+  if (children && !action->isFound() && !SoBaseKit::isSearchingChildren()) {
+    children->traverse(action);
+  }
+}
+
+SoNode* SoQuillform::addToCopyDict() const
+{
+  auto* copy = static_cast<SoNode*>(SoFieldContainer::checkCopy(this));
+  if (!copy) {
+    copy = static_cast<SoNode*>(getTypeId().createInstance());
+    copy->ref();
+    SoFieldContainer::addCopy(this, copy);
+    copy->unrefNoDelete();
+    if (const SoChildElements* children = getChildElements()) {
+      children->addToCopyDict();
+    }
+  }
+  return copy;
+}
+
+void SoQuillform::copyContents(const SoFieldContainer* from, SbBool copyConnections)
+{
+  // The 3D form is made anew for a copy: only fields and the parts that the author filled are taken over.
+  const auto* source = static_cast<const SoQuillform*>(from);
+  setName(source->getName());
+  const SoNodekitCatalog* catalog = getNodekitCatalog();
+  const SoFieldData* fields = source->getFieldData();
+  for (int i = 0; i < fields->getNumFields(); i++) {
+    const SoField* theirs = fields->getField(source, i);
+    SoField* ours = fields->getField(this, i);
+    const int part = catalog->getPartNumber(fields->getFieldName(i));
+    if (part != SO_CATALOG_NAME_NOT_FOUND) {
+      if (part > 0 && source->isAuthorPart(part)) {
+        SoNode* node = static_cast<const SoSFNode*>(theirs)->getValue();
+        setAnyPart(catalog->getName(part), static_cast<SoNode*>(SoFieldContainer::findCopy(node, copyConnections)));
+      }
+      continue;
+    }
+    if (theirs == &source->isActive) {
+      continue; // a drag under way is not copied
+    }
+    ours->copyFrom(*theirs);
+    ours->fixCopy(copyConnections);
+    ours->setIgnored(theirs->isIgnored());
+    ours->setDefault(theirs->isDefault());
+    if (copyConnections && theirs->isConnected()) {
+      ours->copyConnection(theirs);
+    }
+  }
+  if (SoChildElements* children = getChildElements()) {
+    children->copyFrom(*source->getChildElements(), copyConnections);
+  }
+}

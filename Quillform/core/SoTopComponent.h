@@ -1,0 +1,29 @@
+#ifndef QUILLFORM_SOTOPCOMPONENT_H
+#define QUILLFORM_SOTOPCOMPONENT_H
+
+#include <Quillform/core/SoQuillform.h>
+
+/// Base of everything that takes a place in a top-level dialog. It adds no fields and no catalog parts.
+class QUILLFORM_API SoTopComponent : public SoQuillform {
+  typedef SoQuillform inherited;
+  SO_QUILLFORM_HEADER(SoTopComponent);
+
+public:
+  SoTopComponent();
+
+  void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
+  void destroyWidget() override;
+  void updateFromSensor(SoSensor* sensor) override;
+
+  /// The preferred size and its bounds, in pixels. Leaves its arguments alone in this class.
+  virtual void getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
+
+  /// Gives the first translation below `geomSwitch`, if it is named "parentPositionTranslation", the value of
+  /// \a translation, and inserts \a translation there otherwise.
+  void addTranslation(SoTranslation* translation);
+
+protected:
+  ~SoTopComponent() override;
+};
+
+#endif // QUILLFORM_SOTOPCOMPONENT_H

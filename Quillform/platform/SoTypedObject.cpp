@@ -1,0 +1,6 @@
+#include <Quillform/platform/SoTypedObject.h>
+
+SbBool SoTypedObject::isOfType(SoType type) const
+{
+  return getTypeId().isDerivedFrom(type);
+}
