@@ -26,6 +26,8 @@ void SoLive3DElements::remove(SoQuillform* element)
 void SoLive3DElements::updateAfterSkinChange()
 {
   for (SoQuillform* element : elements()) {
-    element->update3DAfterSkinChange();
+    if (element->isBuilt3D() != 0) { // one that is being built reads the new skin anyway
+      element->update3DAfterSkinChange();
+    }
   }
 }
