@@ -397,6 +397,9 @@ void SoTopLevelDialog::resetSize()
 
 void SoTopLevelDialog::prepareSizes(int asWidget)
 {
+  for (SoTopComponent* child : getComponents()) {
+    child->restoreAuthoredSizes();
+  }
   if (!m_authored.isCaptured()) {
     m_authored.capture();
   }

@@ -122,6 +122,11 @@ void SoDialogComponent::getDefaultState(SbVec2i32& size, SbVec2i32& min, SbVec2i
   max.setValue(m_authored.get(SoAuthoredSizes::MAX_WIDTH), m_authored.get(SoAuthoredSizes::MAX_HEIGHT));
 }
 
+void SoDialogComponent::restoreAuthoredSizes()
+{
+  m_authored.restore();
+}
+
 void SoDialogComponent::setDefaultState()
 {
   const auto markComputed = [](SoSFInt32& field, int authored) {
@@ -223,15 +228,13 @@ void SoDialogComponent::getControlRect3D(const SbVec2i32& frame, SbVec2i32& size
 
 // Building
 
-void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
+SbVec2i32 SoDialogComponent::chooseSize(const SbVec2i32& wanted)
 {
-  inherited::buildWidget(parent, size, position, asWidget);
-
-  if (m_firstBuild) {
+  if (!m_authored.isCaptured()) {
     m_authored.capture();
   }
   else {
-    m_authored.restore();
+    restoreAuthoredSizes();
   }
   if (!getParent()) {
     // Nobody aligns a component that stands alone.
@@ -247,8 +250,8 @@ void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32&
   SbVec2i32 max(0, 0);
   getSize(chosen, min, max);
   for (int i = 0; i < 2; i++) {
-    if (size[i] != 0) {
-      chosen[i] = size[i] < min[i] ? min[i] : std::min(size[i], max[i]);
+    if (wanted[i] != 0) {
+      chosen[i] = wanted[i] < min[i] ? min[i] : std::min(wanted[i], max[i]);
     }
   }
   if (fixedWidth.getValue()) {
@@ -259,19 +262,25 @@ void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32&
   }
   setSize(chosen[0], chosen[1], min[0], min[1], max[0], max[1]);
   setDefaultState();
+  return chosen;
+}
+
+void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
+{
+  inherited::buildWidget(parent, size, position, asWidget);
+
+  const SbVec2i32 chosen = chooseSize(size);
   m_position = position;
 
   if (asWidget != 0) {
     if (!m_componentWidget) {
       createComponentWidget(parent);
-      m_firstBuild = false;
     }
     updateComponentWidget();
   }
   else {
     m_size3D = chosen;
     create3DIfNeeded();
-    m_firstBuild = false;
     update3DDialogComponent();
   }
   m_watched.watch(labelVisibility);
@@ -284,18 +293,19 @@ void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32&
   m_watched.watch(maxHeight);
 }
 
-QBoxLayout* SoDialogComponent::createCell(bool verticalCell)
+QBoxLayout* SoDialogComponent::createCell(bool verticalCell, std::unique_ptr<QSpacerItem>& spacer) const
 {
   QBoxLayout* cell = nullptr;
   if (verticalCell) {
     cell = new QVBoxLayout;
     const bool spacerGrows = fixedHeight.getValue() || height.getValue() == maxHeight.getValue();
-    m_spacer = new QSpacerItem(20, 0, QSizePolicy::Minimum, spacerGrows ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    spacer = std::make_unique<QSpacerItem>(20, 0, QSizePolicy::Minimum,
+                                           spacerGrows ? QSizePolicy::Expanding : QSizePolicy::Fixed);
   }
   else {
     cell = new QHBoxLayout;
-    m_spacer =
-      new QSpacerItem(0, 20, fixedWidth.getValue() ? QSizePolicy::Expanding : QSizePolicy::Fixed, QSizePolicy::Minimum);
+    spacer = std::make_unique<QSpacerItem>(0, 20, fixedWidth.getValue() ? QSizePolicy::Expanding : QSizePolicy::Fixed,
+                                           QSizePolicy::Minimum);
   }
   cell->setObjectName("ZEPSoDialogComponentLayout");
   cell->setSpacing(0);
@@ -310,7 +320,7 @@ void SoDialogComponent::createComponentWidget(QWidget* parent)
                              : parent    ? qobject_cast<QBoxLayout*>(parent->layout())
                                          : nullptr;
   delete m_cell.data();
-  m_cell = createCell(getParent() && getParent()->hasVerticalCells());
+  m_cell = createCell(getParent() && getParent()->hasVerticalCells(), m_spacer);
   if (parentLayout) {
     parentLayout->addLayout(m_cell, 0);
   }
@@ -342,8 +352,7 @@ void SoDialogComponent::addFrameToCell()
 {
   updateComponentWidget();
   m_cell->addWidget(m_frame, 0);
-  m_cell->addItem(m_spacer);
-  m_spacer = nullptr;
+  m_cell->addItem(m_spacer.release());
 }
 
 void SoDialogComponent::updateComponentWidget()
@@ -373,10 +382,11 @@ void SoDialogComponent::setPlannedSize(const SbVec2i32& size)
 
 QLayoutItem* SoDialogComponent::createPlannedCell(const QSize& hint, QRect& rect, bool verticalCell)
 {
-  QBoxLayout* cell = createCell(verticalCell);
+  chooseSize({hint.width(), hint.height()}); // the limits follow from it
+  std::unique_ptr<QSpacerItem> spacer;
+  QBoxLayout* cell = createCell(verticalCell, spacer);
   cell->addItem(new SoPlannedItem(hint, getCellLimits(), rect));
-  cell->addItem(m_spacer);
-  m_spacer = nullptr;
+  cell->addItem(spacer.release());
   return cell;
 }
 
@@ -460,13 +470,7 @@ void SoDialogComponent::changeHeight()
   m_authored.captureOne(&height);
 }
 
-void SoDialogComponent::changeMinMaxSize()
-{
-  m_authored.captureOne(&minWidth);
-  m_authored.captureOne(&minHeight);
-  m_authored.captureOne(&maxWidth);
-  m_authored.captureOne(&maxHeight);
-}
+void SoDialogComponent::changeMinMaxSize() {}
 
 void SoDialogComponent::updateFromSensor(SoSensor* sensor)
 {
@@ -494,6 +498,7 @@ void SoDialogComponent::updateFromSensor(SoSensor* sensor)
     changeHeight();
   }
   else if (field == &minWidth || field == &minHeight || field == &maxWidth || field == &maxHeight) {
+    m_authored.captureOne(field); // the other three may hold what the layout computed
     changeMinMaxSize();
   }
   else {

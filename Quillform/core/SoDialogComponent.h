@@ -9,6 +9,7 @@
 #include <Quillform/core/SoDialogQFrame.h>
 #include <Quillform/core/SoSkinFile.h>
 #include <Quillform/core/SoTopComponent.h>
+#include <memory>
 
 class QLayoutItem;
 class QSpacerItem;
@@ -88,6 +89,7 @@ public:
   void changeEnable() override;
   void changeLabelAlignment() override;
   void getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
+  void restoreAuthoredSizes() override;
 
   /// The Qt widget of the label; nullptr when there is none.
   virtual QWidget* getLabelWidget();
@@ -235,20 +237,20 @@ protected:
   SbVec2i32 m_position{0, 0};      ///< given to the last build
 
 private:
+  SbVec2i32 chooseSize(const SbVec2i32& wanted);
   void create3DIfNeeded();
   void removeFrame();
-  QBoxLayout* createCell(bool verticalCell);
+  QBoxLayout* createCell(bool verticalCell, std::unique_ptr<QSpacerItem>& spacer) const;
 
   QPointer<QWidget> m_componentWidget;    // parent widget, then the frame
   QPointer<QFrame> m_frame;               // the relay or frame of the derived class
   QPointer<QBoxLayout> m_cell;            // the component's place in its parent's layout
-  QSpacerItem* m_spacer = nullptr;        // waits for the frame, then belongs to the cell
+  std::unique_ptr<QSpacerItem> m_spacer;  // waits for the frame, then belongs to the cell
   SoAuthoredSizes m_authored;             // what the author gave the sizing fields
   So3DText m_sideLabel3D;                 // the label in the scene
   SoTransform* m_edgeTransform = nullptr; // below mainCptSeparator, which owns it
   SoSwitch* m_sideLabelSwitch = nullptr;  // a catalog part of the derived class
   SbVec2i32 m_size3D{0, 0};               // rectangle of the 3D form
-  bool m_firstBuild = true;
 };
 
 #endif // QUILLFORM_SODIALOGCOMPONENT_H

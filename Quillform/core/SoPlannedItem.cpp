@@ -40,9 +40,9 @@ Qt::Orientations SoPlannedItem::expandingDirections() const
 
 void SoPlannedItem::setGeometry(const QRect& rect)
 {
-  // As a layout places a widget: never larger than its maximum, and in the middle of what is left.
+  // As a layout places a widget: never larger than its maximum, at the left and half way down what is left.
   const QSize size = rect.size().boundedTo(maximumSize());
-  m_rect = QRect(rect.topLeft() + QPoint((rect.width() - size.width()) / 2, (rect.height() - size.height()) / 2), size);
+  m_rect = QRect(rect.topLeft() + QPoint(0, (rect.height() - size.height()) / 2), size);
 }
 
 QRect SoPlannedItem::geometry() const

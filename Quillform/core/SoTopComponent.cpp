@@ -30,6 +30,8 @@ void SoTopComponent::updateFromSensor(SoSensor* sensor)
 
 void SoTopComponent::getSize(SbVec2i32& /*size*/, SbVec2i32& /*min*/, SbVec2i32& /*max*/) {}
 
+void SoTopComponent::restoreAuthoredSizes() {}
+
 void SoTopComponent::addTranslation(SoTranslation* translation)
 {
   auto* geometry = makePart<SoSwitch>("geomSwitch");

@@ -1,0 +1,79 @@
+#include "OpenDialogs.h"
+
+#include "Failure.h"
+#include "GlContext.h"
+#include "ScenePicture.h"
+#include "SceneViewer.h"
+#include <QApplication>
+#include <QImageWriter>
+#include <QPixmap>
+#include <Quillform/containers/SoTopLevelDialog.h>
+
+OpenDialogs::OpenDialogs(const std::vector<DialogFile>& files, const Options& options) : m_options(options)
+{
+  for (const DialogFile& file : files) {
+    SoTopLevelDialog* dialog = file.makeDialog();
+    dialog->ref();
+    m_dialogs.push_back(dialog);
+    if (options.trace) {
+      dialog->addAuditor(&m_trace);
+    }
+  }
+}
+
+OpenDialogs::~OpenDialogs()
+{
+  m_viewers.clear();
+  for (SoTopLevelDialog* dialog : m_dialogs) {
+    dialog->destroyWidget(); // while there is a window system
+    dialog->unref();
+  }
+}
+
+void OpenDialogs::show()
+{
+  if (m_options.inScene) {
+    GlContext(); // a viewer has no words for a display without OpenGL
+  }
+  for (SoTopLevelDialog* dialog : m_dialogs) {
+    if (m_options.inScene) {
+      m_viewers.push_back(std::make_unique<SceneViewer>(dialog, m_options.size));
+      m_viewers.back()->show();
+    }
+    else {
+      buildWindow(dialog);
+      dialog->show();
+    }
+  }
+}
+
+QWidget* OpenDialogs::buildWindow(SoTopLevelDialog* dialog) const
+{
+  QWidget* window = dialog->buildDialog(nullptr, FALSE);
+  if (m_options.size.isValid()) {
+    window->resize(m_options.size); // Qt keeps it within the window's limits
+  }
+  return window;
+}
+
+QImage OpenDialogs::draw(SoTopLevelDialog* dialog) const
+{
+  if (m_options.inScene) {
+    DialogScene scene(dialog);
+    return ScenePicture::draw(scene, m_options.size.isValid() ? m_options.size : scene.getNaturalSize());
+  }
+  QWidget* window = buildWindow(dialog);
+  window->show(); // not the dialog's own way, which also raises the window: a platform may be unable to
+  QApplication::processEvents();
+  return window->grab().toImage();
+}
+
+void OpenDialogs::savePicture(const QString& fileName)
+{
+  QImageWriter writer(fileName);
+  if (!writer.write(draw(m_dialogs.front()))) {
+    throw Failure(Failure::BAD_FILE, QString("\"%1\" cannot be written (%2); name a .png file in a directory that "
+                                             "exists and may be written to.")
+                                       .arg(fileName, writer.errorString()));
+  }
+}

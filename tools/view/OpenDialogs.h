@@ -1,0 +1,38 @@
+#ifndef QUILLFORM_VIEW_OPENDIALOGS_H
+#define QUILLFORM_VIEW_OPENDIALOGS_H
+
+#include "DialogFile.h"
+#include "Options.h"
+#include "TraceAuditor.h"
+#include <memory>
+#include <vector>
+
+class QImage;
+class QWidget;
+class SceneViewer;
+
+/// The dialogs on screen, as windows or in viewers of the scene.
+class OpenDialogs {
+public:
+  /// Makes the dialogs of the files; throws a Failure when one of them cannot be opened.
+  OpenDialogs(const std::vector<DialogFile>& files, const Options& options);
+  ~OpenDialogs();
+  OpenDialogs(const OpenDialogs&) = delete;
+  OpenDialogs& operator=(const OpenDialogs&) = delete;
+
+  void show();
+
+  /// Saves a picture of the first dialog; throws a Failure when it cannot be drawn or written.
+  void savePicture(const QString& fileName);
+
+private:
+  QWidget* buildWindow(SoTopLevelDialog* dialog) const;
+  QImage draw(SoTopLevelDialog* dialog) const;
+
+  const Options& m_options;
+  TraceAuditor m_trace;
+  std::vector<SoTopLevelDialog*> m_dialogs; // referenced
+  std::vector<std::unique_ptr<SceneViewer>> m_viewers;
+};
+
+#endif // QUILLFORM_VIEW_OPENDIALOGS_H

@@ -1,0 +1,55 @@
+#include "TraceAuditor.h"
+
+#include <QString>
+#include <Quillform/controls/SoDialogPushButton.h>
+#include <cstdio>
+
+namespace {
+
+/// A text in quotes and in one line.
+QString quote(const SbString& text)
+{
+  QString quoted = QString::fromLatin1(text.getString());
+  quoted.replace('\\', "\\\\").replace('"', "\\\"");
+  quoted.replace('\n', "\\n").replace('\r', "\\r").replace('\t', "\\t");
+  return '"' + quoted + '"';
+}
+
+/// One line of the trace: the operation, the element, and what the element shows. Printed when it is complete.
+class TraceLine {
+public:
+  TraceLine(const char* operation, const SoQuillform* element) : m_line(operation)
+  {
+    value("auditorID", element->auditorID.getValue());
+  }
+
+  TraceLine& value(const char* name, const SbString& text)
+  {
+    m_line += QString(" %1=").arg(name) + quote(text);
+    return *this;
+  }
+
+  /// The reader may be a program at the other end of a pipe: the line goes out at once.
+  void print() const
+  {
+    std::printf("%s\n", m_line.toLocal8Bit().constData());
+    std::fflush(stdout);
+  }
+
+private:
+  QString m_line;
+};
+
+} // namespace
+
+void TraceAuditor::dialogPushButton(SoDialogPushButton* cpt)
+{
+  const SbString label = cpt->label.getValue();
+  const SbString buttonLabel = cpt->buttonLabel.getValue();
+  TraceLine line("dialogPushButton", cpt);
+  line.value("label", label.getLength() > 0 ? label : buttonLabel);
+  if (label.getLength() > 0 && buttonLabel.getLength() > 0) {
+    line.value("buttonLabel", buttonLabel);
+  }
+  line.print();
+}
