@@ -39,7 +39,7 @@ public:
     m_holdsPainting = true;
     const bool isIdle = processUntilIdle();
     m_holdsPainting = false;
-    m_window->update();
+    QApplication::postEvent(m_window, new QEvent(QEvent::UpdateRequest)); // the window waits for the one held back
     return isIdle;
   }
 

@@ -26,15 +26,14 @@ install_dependencies() {
   scripts/install-dependencies
 }
 
-# build_in <directory> <targets, or all> <options of cmake...>: configures and builds what is out of date.
+# build_in <directory> <target> <options of cmake...>: configures and builds what is out of date.
 build_in() {
-  local directory="$1" targets="$2"
+  local directory="$1" target="$2"
   shift 2
   step "Configuring $directory" "If the build directory was made by another compiler or tree, remove it: rm -r $directory"
   cmake -S . -B "$directory" -G Ninja "$@" --log-level=WARNING
   step "Building $directory" "The first error above names the source file to mend."
-  # shellcheck disable=SC2086  # a list of targets
-  cmake --build "$directory" --target $targets
+  cmake --build "$directory" --target "$target"
 }
 
 # Builds the viewer; $viewer is its program.
@@ -50,8 +49,7 @@ take_pictures() {
   step "Taking the picture of the window"
   "$viewer" --screenshot "$1/showcase-window.png" examples/showcase.iv
   step "Taking the picture of the scene"
-  on_hidden_display "$viewer" --scene --screenshot "$1/showcase-scene.png" \
-    examples/showcase.iv
+  on_hidden_display "$viewer" --scene --screenshot "$1/showcase-scene.png" examples/showcase.iv
 }
 
 # The command line that runs a program under an X server of its own.

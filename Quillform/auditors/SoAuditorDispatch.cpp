@@ -100,8 +100,17 @@ void SoAuditorDispatch::applyToChildren(SoQuillform* container)
 {
   const SoEventScope scope(container, SoEventScope::getAction());
   const SoChildElements* children = container->getChildElements();
+  // An auditor may add and remove elements; those that stay are still all reported, once.
+  std::vector<SoQuillform*> elements;
   for (int i = 0; i < children->getNum(); i++) {
-    container->applyAuditor(children->get(i));
+    elements.push_back(children->get(i));
+    elements.back()->ref();
+  }
+  for (SoQuillform* element : elements) {
+    if (children->find(element) >= 0) {
+      container->applyAuditor(element);
+    }
+    element->unref();
   }
 }
 

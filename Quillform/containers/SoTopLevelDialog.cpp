@@ -346,14 +346,14 @@ void SoTopLevelDialog::getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
   }
 }
 
-void SoTopLevelDialog::setSize(const SbVec2i32& size, const SbVec2i32& min, const SbVec2i32& max)
+void SoTopLevelDialog::setSize(int width_, int height_, int minWidth_, int minHeight_, int maxWidth_, int maxHeight_)
 {
-  m_watched.setQuietly(width, size[0]);
-  m_watched.setQuietly(height, size[1]);
-  m_watched.setQuietly(minWidth, min[0]);
-  m_watched.setQuietly(minHeight, min[1]);
-  m_watched.setQuietly(maxWidth, max[0]);
-  m_watched.setQuietly(maxHeight, max[1]);
+  m_watched.setQuietly(width, width_);
+  m_watched.setQuietly(height, height_);
+  m_watched.setQuietly(minWidth, minWidth_);
+  m_watched.setQuietly(minHeight, minHeight_);
+  m_watched.setQuietly(maxWidth, maxWidth_);
+  m_watched.setQuietly(maxHeight, maxHeight_);
 }
 
 void SoTopLevelDialog::setDefaultState()
@@ -388,7 +388,7 @@ void SoTopLevelDialog::getDefaultState(SbVec2i32& size, SbVec2i32& min, SbVec2i3
 void SoTopLevelDialog::resetSize()
 {
   if (windowResizedByChildren.getValue()) {
-    setSize({m_saved[0], m_saved[1]}, {m_saved[2], m_saved[3]}, {m_saved[4], m_saved[5]});
+    setSize(m_saved[0], m_saved[1], m_saved[2], m_saved[3], m_saved[4], m_saved[5]);
   }
   for (SoTopComponent* child : getComponents()) {
     child->resetSize();
@@ -452,8 +452,9 @@ void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
     m_saved = {width.getValue(),     height.getValue(),   minWidth.getValue(),
                minHeight.getValue(), maxWidth.getValue(), maxHeight.getValue()};
   }
-  setSize(chosen, min, max);
+  setSize(chosen[0], chosen[1], min[0], min[1], max[0], max[1]);
   setDefaultState();
+  m_box.clear(); // both forms give the first row the first pixel
   computeNewChildrenHeight(chosen);
 
   if (asWidget != 0) {
@@ -470,6 +471,7 @@ void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
     }
     update3DChildren();
     update3DTopLevelDialog();
+    update3DChildrenPosition();
     change3DEnable();
     updateMinimizedState();
   }
@@ -511,14 +513,16 @@ void SoTopLevelDialog::createBaseWidget(QWidget* parent)
   m_layout->setSpacing(m_layoutSpacing);
   changeLabel();
   changePosition();
-  changeMinMaxSize();
+  applyLimits();
   changeEnable();
 }
 
 void SoTopLevelDialog::updateBaseWidget()
 {
-  m_base->setMinimumSize(minWidth.getValue(), minHeight.getValue());
-  m_base->setMaximumSize(maxWidth.getValue(), maxHeight.getValue());
+  if (!m_base) {
+    return;
+  }
+  applyLimits();
   m_layout->activate(); // a stale minimum would limit the new size
   m_base->resize(width.getValue(), height.getValue());
 }
@@ -570,13 +574,11 @@ void SoTopLevelDialog::updateFromSensor(SoSensor* sensor)
     changeHeight();
   }
   else if (field == &minWidth || field == &minHeight || field == &maxWidth || field == &maxHeight) {
+    m_authored.captureOne(field); // the other three may hold what the layout computed
     changeMinMaxSize();
   }
   else if (field == &rowSpacing) {
-    m_layoutSpacing = rowSpacing.getValue();
-    if (m_layout) {
-      m_layout->setSpacing(rowSpacing.getValue());
-    }
+    changeRowSpacing();
   }
   else if (field == &position) {
     if (hasWidgets()) {
@@ -614,13 +616,36 @@ void SoTopLevelDialog::changeHeight()
 
 void SoTopLevelDialog::changeMinMaxSize()
 {
+  m_saved[SoAuthoredSizes::MIN_WIDTH] = minWidth.getValue();
+  m_saved[SoAuthoredSizes::MIN_HEIGHT] = minHeight.getValue();
+  m_saved[SoAuthoredSizes::MAX_WIDTH] = maxWidth.getValue();
+  m_saved[SoAuthoredSizes::MAX_HEIGHT] = maxHeight.getValue();
+  applyLimits();
+}
+
+void SoTopLevelDialog::applyLimits()
+{
   const auto pixels = [](const SoSFInt32& field, int whenZero) {
     const int value = std::clamp(field.getValue(), 0, largestWindow);
     return value != 0 ? value : whenZero;
   };
   if (m_base) {
-    m_base->setMinimumSize(pixels(minWidth, 0), pixels(minHeight, 0));
-    m_base->setMaximumSize(pixels(maxWidth, largestWindow), pixels(maxHeight, largestWindow));
+    // The maximum wins over a larger minimum; widgets would see it the other way round.
+    const QSize largest(pixels(maxWidth, largestWindow), pixels(maxHeight, largestWindow));
+    m_base->setMinimumSize(QSize(pixels(minWidth, 0), pixels(minHeight, 0)).boundedTo(largest));
+    m_base->setMaximumSize(largest);
+  }
+}
+
+void SoTopLevelDialog::changeRowSpacing()
+{
+  m_layoutSpacing = rowSpacing.getValue();
+  if (m_layout) {
+    m_layout->setSpacing(m_layoutSpacing);
+  }
+  if (isLive3D()) {
+    update3DChildren();
+    change3DPosition();
   }
 }
 
@@ -695,11 +720,15 @@ void SoTopLevelDialog::update3DTopLevelDialog()
   m_titleTransform->translation.setValue(frameWidth * 0.5F - static_cast<float>(buttonColumn) * 0.5F,
                                          static_cast<float>(barHeight) * -0.5F, 0.0F);
   update3DLabel();
-  change3DPosition();
+  SbVec3f origin = getOrigin();
+  set3DParentTranslation(origin);
 }
 
 void SoTopLevelDialog::update3DLabel()
 {
+  if (!m_title3D.isAttached()) {
+    return;
+  }
   const int titleWidth = m_size3D[0] + 2 * border - buttonColumn;
   m_title3D.setText(convertToCString(label.getValue(), this));
   m_title3D.fit(QRect(border, 0, titleWidth - 2 * border, barHeight), {titleWidth, barHeight}, CENTER, frameFace,
@@ -875,7 +904,13 @@ void SoTopLevelDialog::release3D()
   set3DInactive();
 }
 
-// Files
+// Files and copies
+
+void SoTopLevelDialog::copyContents(const SoFieldContainer* from, SbBool copyConnections)
+{
+  inherited::copyContents(from, copyConnections);
+  m_authored.copyFrom(static_cast<const SoTopLevelDialog*>(from)->m_authored);
+}
 
 void SoTopLevelDialog::exchangeAuthoredValues(bool writing)
 {

@@ -186,6 +186,16 @@ public:
   /// Builds the children into the window.
   void updateChildren();
 
+  /// Gives every child the label column, and then the control column, that the children share.
+  void setChildrenLabelSize();
+  void setChildrenComponentSize();
+
+  /// Writes the six sizing fields without a reaction.
+  void setSize(int width, int height, int minWidth, int minHeight, int maxWidth, int maxHeight);
+
+  /// Marks as default each sizing field whose saved value is 0.
+  void setDefaultState();
+
   /// Spreads the difference between \a newSize and the default size over the children's heights.
   void computeNewChildrenHeight(SbVec2i32& newSize);
 
@@ -219,6 +229,7 @@ public:
   virtual void changeWidth();
   virtual void changeHeight();
   virtual void changeMinMaxSize();
+  void changeRowSpacing();
   void changePosition();
   virtual SbBool readChildren(SoInput* in);
   QBoxLayout* getLayoutFor(const SoQuillform* child) const override;
@@ -229,6 +240,7 @@ protected:
   ~SoTopLevelDialog() override;
 
   SoChildElements& elements() override;
+  void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;
   void exchangeAuthoredValues(bool writing) override;
   void press3D() override;
   void drag3D() override;
@@ -238,10 +250,7 @@ private:
   void createBaseWidget(QWidget* parent);
   void updateBaseWidget();
   void prepareSizes(int asWidget);
-  void setSize(const SbVec2i32& size, const SbVec2i32& min, const SbVec2i32& max);
-  void setDefaultState();
-  void setChildrenLabelSize();
-  void setChildrenComponentSize();
+  void applyLimits();
   bool hasWidgets() const;
   SoBoxModel::Children getComponents() const;
 

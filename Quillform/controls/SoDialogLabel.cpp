@@ -50,7 +50,7 @@ SoCellLimits SoDialogLabel::getCellLimits() const
 {
   // Only a minimum: a label fills its cell, even when its width or height is fixed.
   SoCellLimits limits;
-  limits.minimum = QSize(minWidth.getValue(), minHeight.getValue());
+  limits.minimum = getSmallestSize();
   return limits;
 }
 
@@ -146,6 +146,9 @@ void SoDialogLabel::update3D()
 
 void SoDialogLabel::update3DLabel()
 {
+  if (!m_text3D.isAttached()) {
+    return;
+  }
   m_text3D.setText(convertToCString(label.getValue(), this));
   m_text3D.fit(getTextRect(get3DSize()), get3DSize(), labelAlignment.getValue(), faceHeight, getBoundingBoxAction());
   setLabelCacheBBox(m_text3D.getExtent());

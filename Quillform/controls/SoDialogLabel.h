@@ -36,6 +36,7 @@ public:
   void changeWidgetEnable(int enable) override;
   void change3DLabel() override;
   void change3DLabelAlignment() override;
+  void updateLabelWidget(); ///< places the text in the relay
 
 protected:
   ~SoDialogLabel() override;
@@ -45,7 +46,6 @@ protected:
 
 private:
   void createLabelWidget();
-  void updateLabelWidget();
   void create3DDialogLabel();
   void update3DLabel();
   QRect getTextRect(const SbVec2i32& frame) const;

@@ -275,6 +275,9 @@ void SoDialogPushButton::change3DLabelVisibility()
 
 void SoDialogPushButton::change3DButtonLabel()
 {
+  if (!m_buttonText3D.isAttached()) {
+    return;
+  }
   SbVec2i32 size(0, 0);
   SbVec2i32 centre(0, 0);
   getControlRect3D(get3DSize(), size, centre);

@@ -84,6 +84,15 @@ public:
   void change3DLabelVisibility() override;
   void change3DButtonLabel();
   void change3DButtonState(int state);
+  void updateLabelWidget();  ///< places the label in the relay
+  void updateButtonWidget(); ///< places the button in the relay
+
+  /// \name Hooks without effect
+  /// @{
+  void createButtonWidget() {}
+  void activateButton() {}
+  void changeButtonState(int /*state*/) {}
+  /// @}
 
 protected:
   ~SoDialogPushButton() override;
@@ -97,8 +106,6 @@ protected:
 
 private:
   void createLabelWidget();
-  void updateLabelWidget();
-  void updateButtonWidget();
   void create3DDialogPushButton();
   void update3DButton();
   void update3DLabel();

@@ -4,7 +4,7 @@
 #include <Quillform/core/SoDialogQFrame.h>
 
 /// The relay of a label: the label alone.
-class SoDialogQLabel : public SoDialogQFrame {
+class QUILLFORM_API SoDialogQLabel : public SoDialogQFrame {
   Q_OBJECT
 
 public:

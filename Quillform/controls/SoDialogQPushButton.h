@@ -6,7 +6,7 @@
 class QPushButton;
 
 /// The relay of a push button: the button and a label beside it.
-class SoDialogQPushButton : public SoDialogQFrame {
+class QUILLFORM_API SoDialogQPushButton : public SoDialogQFrame {
   Q_OBJECT
 
 public:

@@ -5,10 +5,11 @@
 
 namespace {
 
+/// Never destroyed: auditors of the application may live longer than anything else.
 std::unordered_multimap<SoAuditor*, SoQuillform*>& uses()
 {
-  static std::unordered_multimap<SoAuditor*, SoQuillform*> map;
-  return map;
+  static auto* const map = new std::unordered_multimap<SoAuditor*, SoQuillform*>;
+  return *map;
 }
 
 } // namespace

@@ -7,11 +7,13 @@
 #include <Inventor/misc/SoChildList.h>
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoQuillform.h>
-#include <Quillform/platform/SoNestingCheck.h>
 #include <algorithm>
 #include <utility>
 
 namespace {
+
+/// Dialog elements inside each other that a file may hold. Windows and layouts take stack for every level.
+constexpr int maxDepth = 500;
 
 int s_readDepth = 0;
 
@@ -244,8 +246,8 @@ void SoChildElements::synchronizeNow()
 SbBool SoChildElements::readChildren(SoInput* in)
 {
   const ReadDepth depth;
-  if (s_readDepth > SoNestingCheck::maxDepth) {
-    SoReadError::post(in, "More than %d dialog elements inside each other", SoNestingCheck::maxDepth);
+  if (s_readDepth > maxDepth) {
+    SoReadError::post(in, "More than %d dialog elements inside each other", maxDepth);
     return FALSE;
   }
   int announced = 0;

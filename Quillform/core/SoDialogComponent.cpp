@@ -251,7 +251,7 @@ SbVec2i32 SoDialogComponent::chooseSize(const SbVec2i32& wanted)
   getSize(chosen, min, max);
   for (int i = 0; i < 2; i++) {
     if (wanted[i] != 0) {
-      chosen[i] = wanted[i] < min[i] ? min[i] : std::min(wanted[i], max[i]);
+      chosen[i] = std::min(max[i], std::max(min[i], wanted[i]));
     }
   }
   if (fixedWidth.getValue()) {
@@ -283,6 +283,7 @@ void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32&
     create3DIfNeeded();
     update3DDialogComponent();
   }
+  takeFrameSize();
   m_watched.watch(labelVisibility);
   m_watched.watch(edgeStyle);
   m_watched.watch(width);
@@ -335,10 +336,16 @@ void SoDialogComponent::setFrame(QFrame* frame)
   m_componentWidget = frame;
 }
 
+QSize SoDialogComponent::getSmallestSize() const
+{
+  // The maximum wins over a larger minimum; widgets would see it the other way round.
+  return QSize(minWidth.getValue(), minHeight.getValue()).boundedTo({maxWidth.getValue(), maxHeight.getValue()});
+}
+
 SoCellLimits SoDialogComponent::getCellLimits() const
 {
   SoCellLimits limits;
-  limits.minimum = QSize(minWidth.getValue(), minHeight.getValue());
+  limits.minimum = getSmallestSize();
   if (fixedWidth.getValue()) {
     limits.maximum.setWidth(width.getValue());
   }
@@ -395,6 +402,16 @@ void SoDialogComponent::widgetResized(int newWidth, int newHeight)
   m_watched.setQuietly(width, newWidth);
   m_watched.setQuietly(height, newHeight);
   placeWidgets();
+}
+
+void SoDialogComponent::takeFrameSize()
+{
+  // A frame that keeps its size in the layout is not resized again, so nothing else would bring the size on screen
+  // back into the fields. One that was not shown yet has only a provisional size.
+  if (m_frame && m_frame->testAttribute(Qt::WA_Resized) && !m_frame->testAttribute(Qt::WA_PendingResizeEvent)) {
+    m_watched.setQuietly(width, m_frame->width());
+    m_watched.setQuietly(height, m_frame->height());
+  }
 }
 
 void SoDialogComponent::placeWidgets() {}

@@ -189,6 +189,9 @@ protected:
     return static_cast<Relay*>(static_cast<QFrame*>(m_frame.data()));
   }
 
+  /// The minimum in the sizing fields, as far as the maximum leaves room for it.
+  QSize getSmallestSize() const;
+
   /// Makes \a frame the component's widget.
   void setFrame(QFrame* frame);
 
@@ -239,6 +242,7 @@ protected:
 private:
   SbVec2i32 chooseSize(const SbVec2i32& wanted);
   void create3DIfNeeded();
+  void takeFrameSize();
   void removeFrame();
   QBoxLayout* createCell(bool verticalCell, std::unique_ptr<QSpacerItem>& spacer) const;
 

@@ -40,9 +40,10 @@ Qt::Orientations SoPlannedItem::expandingDirections() const
 
 void SoPlannedItem::setGeometry(const QRect& rect)
 {
-  // As a layout places a widget: never larger than its maximum, at the left and half way down what is left.
+  // As a layout places a widget: never larger than its maximum, at the left and half way down what is left. One
+  // that has not even room for its minimum hangs out of its cell.
   const QSize size = rect.size().boundedTo(maximumSize());
-  m_rect = QRect(rect.topLeft() + QPoint(0, (rect.height() - size.height()) / 2), size);
+  m_rect = QRect(rect.topLeft() + QPoint(0, (rect.height() - size.height()) / 2), size.expandedTo(m_limits.minimum));
 }
 
 QRect SoPlannedItem::geometry() const

@@ -2,15 +2,13 @@
 
 #include <Quillform/core/SoQuillform.h>
 
-#include <Inventor/SoDB.h>
-#include <Inventor/SoInput.h>
 #include <Inventor/SoOutput.h>
 #include <Inventor/actions/SoWriteAction.h>
 #include <Inventor/errors/SoDebugError.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <QFileInfo>
 #include <Quillform/core/SoElementKinds.h>
-#include <Quillform/platform/SoNestingCheck.h>
+#include <Quillform/platform/SoBoundedInput.h>
 #include <Quillform/platform/SoSceneGraphLayers.h>
 #include <memory>
 #include <utility>
@@ -38,22 +36,14 @@ std::vector<SoSeparator*>& abandonedRoots()
 SoSeparator* readDialogFile(const SbString& fileName)
 {
   const char* const source = "SoQuillform::loadFromFile";
-  SoInput input;
+  SoBoundedInput input;
   if (!input.openFile(fileName.getString())) {
+    if (QFileInfo(QString::fromLocal8Bit(fileName.getString())).isDir()) { // the reader says only "not found"
+      SoDebugError::post(source, "\"%s\" is a directory. Name a dialog file inside it.", fileName.getString());
+    }
     return nullptr; // reported by the input
   }
-  const SbString path = input.getCurFileName();
-  if (QFileInfo(QString::fromLocal8Bit(path.getString())).isDir()) {
-    SoDebugError::post(source, "\"%s\" is a directory. Name a dialog file inside it.", fileName.getString());
-    return nullptr;
-  }
-  if (const int line = SoNestingCheck::findTooDeepLine(path)) {
-    SoDebugError::post(source,
-                       "\"%s\", line %d: more than %d nodes or fields inside each other. Make the file flatter.",
-                       fileName.getString(), line, SoNestingCheck::maxDepth);
-    return nullptr;
-  }
-  SoSeparator* root = SoDB::readAll(&input);
+  SoSeparator* root = input.readAll();
   if (!root) {
     SoDebugError::post(source, "\"%s\" could not be read as a dialog file. Mend what the messages before name.",
                        fileName.getString());

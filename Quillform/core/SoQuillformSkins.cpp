@@ -16,6 +16,7 @@
 #include <Quillform/core/SoSkinFile.h>
 #include <Quillform/core/SoSkinsPath.h>
 #include <Quillform/platform/SbFileHelper.h>
+#include <Quillform/platform/SoBoundedInput.h>
 #include <Quillform/platform/SoPreferences.h>
 #include <cstring>
 #include <vector>
@@ -155,11 +156,11 @@ SoSeparator* SoQuillform::readFromFile(const SbString& fileName)
   }
   // By full path: a bare name would be tried in the working directory first.
   const SbString path = s_skinsPath + "/" + fileName;
-  SoInput input;
+  SoBoundedInput input;
   if (!input.openFile(path.getString(), TRUE)) {
     return nullptr;
   }
-  return SoDB::readAll(&input);
+  return input.readAll();
 }
 
 void SoQuillform::readDefaultSkinsParts(const SbString& fileName, const char* builtInText)

@@ -71,16 +71,15 @@ inline QRectF inWindow(SoTopLevelDialog* dialog, SoDialogComponent* component)
 
 inline std::string toString(const QRectF& rect)
 {
-  return "(" + std::to_string(rect.x()) + ", " + std::to_string(rect.y()) + ") " + std::to_string(rect.width()) + " x " +
-         std::to_string(rect.height());
+  return "(" + std::to_string(rect.x()) + ", " + std::to_string(rect.y()) + ") " + std::to_string(rect.width()) +
+         " x " + std::to_string(rect.height());
 }
 
 /// The two rectangles are the same to a pixel.
 inline ::testing::AssertionResult agree(const QRectF& one, const QRectF& other)
 {
-  const double most =
-    std::max({std::abs(one.left() - other.left()), std::abs(one.top() - other.top()),
-              std::abs(one.right() - other.right()), std::abs(one.bottom() - other.bottom())});
+  const double most = std::max({std::abs(one.left() - other.left()), std::abs(one.top() - other.top()),
+                                std::abs(one.right() - other.right()), std::abs(one.bottom() - other.bottom())});
   if (most <= 1.0) {
     return ::testing::AssertionSuccess();
   }
@@ -90,7 +89,8 @@ inline ::testing::AssertionResult agree(const QRectF& one, const QRectF& other)
 /// \a inner stands inside \a outer, but for a pixel.
 inline ::testing::AssertionResult stands(const QRectF& inner, const QRectF& outer)
 {
-  if (outer.adjusted(-1.0, -1.0, 1.0, 1.0).contains(inner)) {
+  if (inner.left() >= outer.left() - 1.0 && inner.right() <= outer.right() + 1.0 && inner.top() >= outer.top() - 1.0 &&
+      inner.bottom() <= outer.bottom() + 1.0) {
     return ::testing::AssertionSuccess();
   }
   return ::testing::AssertionFailure() << toString(inner) << " is not inside " << toString(outer);

@@ -95,9 +95,9 @@ TEST_F(ComponentTest, itsFieldsStandInTheOrderOfTheFileWithTheirDefaults)
 {
   SoFieldList fields;
   component->getFields(fields);
-  const std::vector<std::string> expected = {"enable",    "label",     "auditorID",       "labelAlignment", "width",
-                                             "height",    "fixedWidth", "fixedHeight",    "minWidth",       "minHeight",
-                                             "maxWidth",  "maxHeight", "labelVisibility", "edgeStyle"};
+  const std::vector<std::string> expected = {"enable",   "label",      "auditorID",       "labelAlignment", "width",
+                                             "height",   "fixedWidth", "fixedHeight",     "minWidth",       "minHeight",
+                                             "maxWidth", "maxHeight",  "labelVisibility", "edgeStyle"};
   std::vector<std::string> found;
   for (int i = 0; i < fields.getLength(); i++) {
     SbName name;

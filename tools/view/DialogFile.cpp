@@ -25,7 +25,7 @@ void requireReadable(const QString& path)
     fail(path, "is a directory; name a dialog file inside it");
   }
   if (!info.isFile()) {
-    fail(path, "is not an ordinary file; name a dialog file"); // a pipe would be read twice
+    fail(path, "is not an ordinary file; name a dialog file"); // a device may never end
   }
   if (!info.isReadable()) {
     fail(path, "may not be read; change its permissions");
@@ -94,7 +94,9 @@ SoTopLevelDialog* DialogFile::makeDialog() const
     fail(m_path, QString("holds a %1, which cannot be opened by itself; put it into a TopLevelDialog")
                    .arg(m_element->getTypeId().getName().getString()));
   }
+  constexpr int titleWidth = 150; // a lone element may be too narrow for a title that can be read
   auto* dialog = new SoTopLevelDialog;
+  dialog->minWidth = titleWidth;
   dialog->label = QFileInfo(m_path).fileName().toLatin1().constData();
   dialog->addChild(m_element->copy());
   return dialog;

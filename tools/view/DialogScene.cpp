@@ -71,5 +71,13 @@ void DialogScene::fit(const QSize& picture)
   const SbVec3f size = m_box.getSize();
   const float aspect = static_cast<float>(picture.width()) / static_cast<float>(picture.height());
   // The camera's height is the shorter side of what is seen.
-  m_camera->height = std::max(size[1] * std::min(aspect, 1.0F), size[0] / std::max(aspect, 1.0F));
+  m_fittedHeight = std::max(size[1] * std::min(aspect, 1.0F), size[0] / std::max(aspect, 1.0F));
+  m_camera->height = m_fittedHeight;
+}
+
+void DialogScene::keepFitted(const QSize& picture)
+{
+  if (!picture.isEmpty() && m_camera->height.getValue() == m_fittedHeight) {
+    fit(picture);
+  }
 }

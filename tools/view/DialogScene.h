@@ -18,6 +18,7 @@ public:
   DialogScene& operator=(const DialogScene&) = delete;
 
   static const SbColor background;
+  static constexpr int samples = 8; ///< of each pixel, for smooth texts; a display may have fewer
 
   /// The camera and the dialog.
   SoSeparator* getRoot() const;
@@ -28,10 +29,14 @@ public:
   /// Makes the camera show the whole dialog, as large as it can be, in a picture of that size.
   void fit(const QSize& picture);
 
+  /// Does so again for a new size, unless the user has looked closer or from further away since.
+  void keepFitted(const QSize& picture);
+
 private:
   SoSeparator* m_root;            // referenced
   SoOrthographicCamera* m_camera; // below the root, which owns it
   SbBox3f m_box;                  // what is to be seen, with some room around it
+  float m_fittedHeight = 0.0F;    // of the camera
 };
 
 #endif // QUILLFORM_VIEW_DIALOGSCENE_H

@@ -6,8 +6,9 @@
 
 namespace {
 
-const char* const missing = "There is no OpenGL on this display, and the scene needs it; use a display that has it, for "
-                            "example by running quillform-view under xvfb-run.";
+const char* const missing =
+  "There is no OpenGL on this display, and the scene needs it; use a display that has it, for "
+  "example by running quillform-view under xvfb-run.";
 
 } // namespace
 

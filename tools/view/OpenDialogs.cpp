@@ -9,39 +9,38 @@
 #include <QPixmap>
 #include <Quillform/containers/SoTopLevelDialog.h>
 
+void OpenDialogs::Release::operator()(SoTopLevelDialog* dialog) const
+{
+  dialog->destroyWidget();
+  dialog->unref();
+}
+
 OpenDialogs::OpenDialogs(const std::vector<DialogFile>& files, const Options& options) : m_options(options)
 {
   for (const DialogFile& file : files) {
     SoTopLevelDialog* dialog = file.makeDialog();
     dialog->ref();
-    m_dialogs.push_back(dialog);
+    m_dialogs.emplace_back(dialog);
     if (options.trace) {
       dialog->addAuditor(&m_trace);
     }
   }
 }
 
-OpenDialogs::~OpenDialogs()
-{
-  m_viewers.clear();
-  for (SoTopLevelDialog* dialog : m_dialogs) {
-    dialog->destroyWidget(); // while there is a window system
-    dialog->unref();
-  }
-}
+OpenDialogs::~OpenDialogs() = default;
 
 void OpenDialogs::show()
 {
   if (m_options.inScene) {
-    GlContext(); // a viewer has no words for a display without OpenGL
+    const GlContext probe; // a viewer has no words for a display without OpenGL
   }
-  for (SoTopLevelDialog* dialog : m_dialogs) {
+  for (const auto& dialog : m_dialogs) {
     if (m_options.inScene) {
-      m_viewers.push_back(std::make_unique<SceneViewer>(dialog, m_options.size));
+      m_viewers.push_back(std::make_unique<SceneViewer>(dialog.get(), m_options.size));
       m_viewers.back()->show();
     }
     else {
-      buildWindow(dialog);
+      buildWindow(dialog.get());
       dialog->show();
     }
   }
@@ -70,8 +69,14 @@ QImage OpenDialogs::draw(SoTopLevelDialog* dialog) const
 
 void OpenDialogs::savePicture(const QString& fileName)
 {
+  const QImage picture = draw(m_dialogs.front().get());
+  if (picture.isNull()) {
+    throw Failure(Failure::BAD_FILE, QString("\"%1\" describes an empty window, of which there is no picture; put an "
+                                             "element into it, or give a --size.")
+                                       .arg(m_options.files.front()));
+  }
   QImageWriter writer(fileName);
-  if (!writer.write(draw(m_dialogs.front()))) {
+  if (!writer.write(picture)) {
     throw Failure(Failure::BAD_FILE, QString("\"%1\" cannot be written (%2); name a .png file in a directory that "
                                              "exists and may be written to.")
                                        .arg(fileName, writer.errorString()));

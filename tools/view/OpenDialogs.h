@@ -26,13 +26,18 @@ public:
   void savePicture(const QString& fileName);
 
 private:
+  /// Gives a dialog back: its window while there is a window system, then the node.
+  struct Release {
+    void operator()(SoTopLevelDialog* dialog) const;
+  };
+
   QWidget* buildWindow(SoTopLevelDialog* dialog) const;
   QImage draw(SoTopLevelDialog* dialog) const;
 
   const Options& m_options;
   TraceAuditor m_trace;
-  std::vector<SoTopLevelDialog*> m_dialogs; // referenced
-  std::vector<std::unique_ptr<SceneViewer>> m_viewers;
+  std::vector<std::unique_ptr<SoTopLevelDialog, Release>> m_dialogs;
+  std::vector<std::unique_ptr<SceneViewer>> m_viewers; // show the dialogs, so they go first
 };
 
 #endif // QUILLFORM_VIEW_OPENDIALOGS_H

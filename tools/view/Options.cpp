@@ -3,37 +3,38 @@
 #include "Failure.h"
 #include <QCommandLineParser>
 #include <QRegularExpression>
-#include <optional>
 
 namespace {
 
 struct OptionText {
   const char* name;
-  const char* value; // empty for an option without one
-  const char* description;
+  const char* value;       // empty for an option without one
+  const char* description; // in lines that fit a terminal behind the names
   const char* example;
 };
 
 const OptionText optionTexts[] = {
-  {"id", "ID", "Open the element whose auditorID is ID, not the first element of the file.",
+  {"id", "ID", "Open the element whose auditorID is ID, not the first\none of the file.",
    "quillform-view --id settings dialogs.iv"},
-  {"scene", "", "Open the dialogs as geometry in a viewer of the scene. Esc switches between operating them and "
-                "turning the view.",
+  {"scene", "",
+   "Open the dialogs as geometry, in viewers of the scene.\nEsc switches between operating them and turning them.",
    "quillform-view --scene showcase.iv"},
-  {"screenshot", "OUT.png", "Draw the dialog, save the picture and exit. A window needs no display for that; the "
-                            "scene needs one with OpenGL.",
-   "quillform-view --scene --screenshot scene.png showcase.iv"},
-  {"size", "WxH", "Width and height in pixels of the window, within its limits, or of the viewer or its picture.",
+  {"screenshot", "OUT.png",
+   "Draw the dialog, save the picture and exit. A window\nneeds no display for that; the scene needs one with\n"
+   "OpenGL.",
+   "quillform-view --screenshot dialog.png showcase.iv"},
+  {"size", "WxH",
+   "Width and height in pixels of the window, within its\nlimits, or of the viewer or the picture of the scene.",
    "quillform-view --size 640x480 showcase.iv"},
-  {"skin", "NAME", "Show the scene in the skin NAME: a directory below a skin directory, or a path.",
+  {"skin", "NAME", "Show the scene in the skin NAME, which stands in a\ndirectory of skins; NAME may also be a path.",
    "quillform-view --scene --skin dark showcase.iv"},
   {"skins-dir", "DIR", "Look for skins in DIR. May be given several times.",
-   "quillform-view --scene --skins-dir ~/skins --skin mine showcase.iv"},
-  {"trace", "", "Print a line on the standard output for everything that the user does.",
+   "quillform-view --scene --skins-dir . --skin mine a.iv"},
+  {"trace", "", "Print a line on the standard output for everything\nthat the user does.",
    "quillform-view --trace showcase.iv"},
-  {"dump", "", "Write the loaded elements as text to the standard output and exit.",
+  {"dump", "", "Write the elements as they were read to the standard\noutput and exit.",
    "quillform-view --dump showcase.iv > copy.iv"},
-  {"check", "", "Read the files, report on each of them in one line, and exit.", "quillform-view --check *.iv"},
+  {"check", "", "Read the files, report on each in one line, and exit.", "quillform-view --check *.iv"},
   {"help", "", "Print this help and exit.", "quillform-view --help"},
   {"version", "", "Print the version and exit.", "quillform-view --version"},
 };
@@ -48,7 +49,7 @@ constexpr int largestSize = 16384;
 
 QSize parseSize(const QString& text)
 {
-  static const QRegularExpression form("^([0-9]{1,5})x([0-9]{1,5})$");
+  static const QRegularExpression form("\\A([0-9]{1,5})x([0-9]{1,5})\\z");
   const QRegularExpressionMatch match = form.match(text);
   const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
   if (size.isEmpty() || size.width() > largestSize || size.height() > largestSize) {
@@ -84,16 +85,11 @@ Options::Task parseTask(const QCommandLineParser& parser)
 
 } // namespace
 
-bool Options::isTextOnly() const
-{
-  return task == DUMP || task == CHECK;
-}
-
 Options Options::parse(const QStringList& arguments)
 {
   QCommandLineParser parser;
   for (const OptionText& text : optionTexts) {
-    parser.addOption(QCommandLineOption(text.name, text.description, text.value));
+    parser.addOption(QCommandLineOption(text.name, QString(), text.value));
   }
   if (!parser.parse(arguments)) {
     QString error = parser.errorText();
@@ -130,15 +126,18 @@ Options Options::parse(const QStringList& arguments)
 
 QString Options::getHelp()
 {
+  constexpr int column = 24; // where the descriptions stand
   QString help = "Usage: quillform-view [options] FILE...\n"
-                 "Opens the dialog that each dialog file describes.\n"
+                 "Opens the dialog that each FILE describes.\n"
                  "\n"
                  "Options, each with an example:\n";
   for (const OptionText& text : optionTexts) {
-    const QString option = QString("--%1 %2").arg(text.name, text.value);
-    help += QString("  %1%2\n%3%4\n").arg(option.leftJustified(22), text.description, QString(26, ' '), text.example);
+    const QString description = QString(text.description).replace('\n', '\n' + QString(column, ' '));
+    help += QString("  --%1 %2").arg(text.name, text.value).leftJustified(column) + description + '\n';
+    help += QString(column + 2, ' ') + text.example + '\n';
   }
   return help + "\n"
-                "Exit status: 0 when all went well, 1 for wrong usage or a missing display, 2 for a file that cannot\n"
-                "be opened, read or written, or that holds no such element.\n";
+                "Exit status: 0 when all went well; 1 for wrong usage, or for a display or OpenGL\n"
+                "that is needed and missing; 2 for a file that cannot be opened, read or written,\n"
+                "or that holds no such element.\n";
 }

@@ -26,9 +26,6 @@ struct Options {
   QString skin;                ///< empty for the preferred one
   QStringList skinDirectories; ///< empty for those of the environment or the program's own
 
-  /// TRUE when nothing is drawn, so that no display is needed.
-  bool isTextOnly() const;
-
   /// Reads the command line; throws a Failure on wrong usage.
   static Options parse(const QStringList& arguments);
 

@@ -29,7 +29,6 @@ const Rule rules[] = {
   {"^Type '(.*)' is not derived from", "a node of class %1 cannot stand here; take it out"},
   {"^Erroneous character\\(s\\) after end of scenegraph: \"(.*?)\"",
    "nothing is read from this '%1' on; take out what is wrong there"},
-  {"^(more than .*)\\. Make the file flatter", "%1; make the file flatter"},
 };
 
 struct Fault {
@@ -48,22 +47,39 @@ bool apply(const Rule& rule, const QString& text, Fault& fault)
   return match.hasMatch();
 }
 
-/// The last line up to \a line that holds the word: the reader may stand behind it when it reports.
+/// The place of the fault when the reader reports it at \a line: it may stand behind the word it names, or behind
+/// the last line.
 int findLine(const QString& fileName, const QString& word, int line)
 {
-  static const QRegularExpression name("^\\w+$"); // a character may stand on any line
   QFile file(fileName);
-  if (!name.match(word).hasMatch() || !file.open(QIODevice::ReadOnly)) {
+  if (!file.open(QIODevice::ReadOnly)) {
     return line;
   }
+  static const QRegularExpression name("^\\w+$"); // a mere character may stand on any line
+  const bool hasName = name.match(word).hasMatch();
   const QRegularExpression wholeWord("\\b" + word + "\\b");
-  int found = line;
-  for (int number = 1; number <= line && !file.atEnd(); number++) {
-    if (QString::fromLatin1(file.readLine()).contains(wholeWord)) {
+  int number = 0;
+  int found = 0;
+  while (number < line && !file.atEnd()) {
+    ++number;
+    const QString text = QString::fromLatin1(file.readLine());
+    if (hasName && text.contains(wholeWord)) {
       found = number;
     }
   }
-  return found;
+  return found != 0 ? found : std::max(number, 1);
+}
+
+/// The library's messages give their advice in a sentence of its own; here all of it stands in the middle of one.
+QString joinSentences(const QString& text)
+{
+  QStringList sentences = text.split(". ");
+  for (QString& sentence : sentences) {
+    sentence = sentence.left(1).toLower() + sentence.mid(1);
+  }
+  QString joined = sentences.join("; ");
+  joined.chop(joined.endsWith('.') ? 1 : 0);
+  return joined;
 }
 
 } // namespace
@@ -84,12 +100,13 @@ QString ReadFault::explain(const Messages& messages)
     return std::any_of(first, last, [&](const Messages::Message& m) { return apply(rule, m.text, fault); });
   };
   if (std::none_of(std::begin(rules), std::end(rules), matches)) {
-    fault.advice = first->text;
-    fault.advice.chop(fault.advice.endsWith('.') ? 1 : 0);
+    fault.advice = joinSentences(first->text);
     if (first != all.begin()) {
-      fault.advice += QString(" (%1)").arg(std::prev(first)->text.section(". ", 0, 0)); // its reason
+      fault.advice += QString(" (%1)").arg(joinSentences(std::prev(first)->text)); // its reason
     }
-    fault.advice += "; correct the file there";
+    else if (!fault.advice.contains("; ")) {
+      fault.advice += "; correct the file there";
+    }
   }
   return QString("\"%1\", line %2: %3.")
     .arg(first->fileName)

@@ -14,7 +14,8 @@
 
 namespace {
 
-constexpr int samples = 8; // a pixel; the display may have fewer
+/// From this number of pixels on, a picture is smooth enough, and several samples of each would take gigabytes.
+constexpr int largePicture = 4096 * 4096;
 
 /// Draws into the frame buffer that is bound.
 void render(DialogScene& scene, const QSize& size)
@@ -40,7 +41,7 @@ QImage ScenePicture::draw(DialogScene& scene, const QSize& size)
   const GlContext context;
   QOpenGLFramebufferObjectFormat format;
   format.setAttachment(QOpenGLFramebufferObject::CombinedDepthStencil);
-  format.setSamples(samples);
+  format.setSamples(size.width() * size.height() < largePicture ? DialogScene::samples : 0);
   QOpenGLFramebufferObject buffer(size, format);
   if (!buffer.isValid() || !buffer.bind()) {
     throw Failure(Failure::WRONG_USAGE, QString("The display has no room for a picture of %1x%2 pixels; give a "

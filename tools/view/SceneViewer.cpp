@@ -5,29 +5,37 @@
 #include <QScreen>
 #include <Quillform/containers/SoTopLevelDialog.h>
 
-namespace {
-
-QSize getDefaultSize(const DialogScene& scene, const QWidget& window)
+DialogViewer::DialogViewer(QWidget* window, DialogScene& scene) : SoQtExaminerViewer(window), m_scene(scene)
 {
-  const QSize natural = scene.getNaturalSize();
-  return natural.boundedTo(window.screen()->availableSize());
+  setSampleBuffers(DialogScene::samples);
+  setDecoration(FALSE);
+  setBackgroundColor(DialogScene::background);
+  setSceneGraph(scene.getRoot());
+  setViewing(FALSE); // the pointer operates the dialog
+  saveHomePosition();
 }
 
-} // namespace
+DialogViewer::~DialogViewer() = default;
 
-SceneViewer::SceneViewer(SoTopLevelDialog* dialog, const QSize& size) : m_scene(dialog), m_viewer(&m_window)
+void DialogViewer::actualRedraw()
 {
-  // Before it is shown: the viewer draws only the area that it starts with.
-  m_window.resize(size.isValid() ? size : getDefaultSize(m_scene, m_window));
+  SoQtExaminerViewer::actualRedraw();
+  if (!m_hasDrawn) {
+    m_hasDrawn = true;
+    scheduleRedraw(); // the first frame may have been cut to the size that the area had before it was shown
+  }
+}
+
+void DialogViewer::sizeChanged(const SbVec2s& size)
+{
+  SoQtExaminerViewer::sizeChanged(size);
+  m_scene.keepFitted(QSize(size[0], size[1]));
+}
+
+SceneViewer::SceneViewer(SoTopLevelDialog* dialog, const QSize& size) : m_scene(dialog), m_viewer(&m_window, m_scene)
+{
   m_window.setWindowTitle(QString::fromLatin1(dialog->label.getValue().getString()));
-  m_scene.fit(m_window.size());
-  m_viewer.setSize(SbVec2s(static_cast<short>(m_window.width()), static_cast<short>(m_window.height())));
-  m_viewer.setSampleBuffers(8);
-  m_viewer.setDecoration(FALSE);
-  m_viewer.setBackgroundColor(DialogScene::background);
-  m_viewer.setSceneGraph(m_scene.getRoot());
-  m_viewer.setViewing(FALSE); // the pointer operates the dialog
-  m_viewer.saveHomePosition();
+  m_window.resize(size.isValid() ? size : m_scene.getNaturalSize().boundedTo(m_window.screen()->availableSize()));
 }
 
 void SceneViewer::show()

@@ -51,9 +51,10 @@ void selectByName(const QString& name)
       return;
     }
   }
-  throw Failure(Failure::WRONG_USAGE, QString("There is no skin \"%1\" in any of the directories \"%2\"; give a skin "
-                                              "of one of them, a path, or another --skins-dir.")
-                                        .arg(name, directories.join("\", \"")));
+  throw Failure(Failure::WRONG_USAGE,
+                QString("There is no skin \"%1\" in \"%2\"; name one that stands there, a path to "
+                        "one, or another directory with --skins-dir.")
+                  .arg(name, directories.join("\" or \"")));
 }
 
 } // namespace

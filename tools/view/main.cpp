@@ -6,12 +6,10 @@
 #include "OpenDialogs.h"
 #include "Options.h"
 #include "Skins.h"
-#include <Inventor/SoOutput.h>
-#include <Inventor/actions/SoWriteAction.h>
+#include "TextTasks.h"
 #include <QCoreApplication>
 #include <Quillform/core/SoQuillform.h>
 #include <clocale>
-#include <cstdio>
 
 namespace {
 
@@ -27,54 +25,6 @@ struct Library {
   }
 };
 
-void print(const QString& text)
-{
-  std::fputs(text.toLocal8Bit().constData(), stdout);
-}
-
-/// Reads all files, with a message about each fault; returns whether all could be read.
-bool readFiles(const Options& options, std::vector<DialogFile>& files)
-{
-  bool areAllRead = true;
-  for (const QString& path : options.files) {
-    try {
-      files.emplace_back(path, options.id);
-      if (!files.back().getWarning().isEmpty()) {
-        Failure::print(files.back().getWarning());
-      }
-    }
-    catch (const Failure& failure) {
-      Failure::print(failure.getSentence());
-      areAllRead = false;
-    }
-  }
-  return areAllRead;
-}
-
-/// Reports on the files that could be read; returns whether they were read to the end.
-bool check(const std::vector<DialogFile>& files)
-{
-  bool areComplete = true;
-  for (const DialogFile& file : files) {
-    if (file.getWarning().isEmpty()) {
-      print(file.describe() + "\n");
-    }
-    areComplete = areComplete && file.getWarning().isEmpty();
-  }
-  return areComplete;
-}
-
-/// Writes the elements one behind the other, below one header: together they are a dialog file again.
-void dump(const std::vector<DialogFile>& files)
-{
-  SoOutput output;
-  output.setFilePointer(stdout);
-  for (const DialogFile& file : files) {
-    SoWriteAction action(&output);
-    action.apply(file.getElement());
-  }
-}
-
 int run(int argc, char** argv)
 {
   QStringList arguments;
@@ -83,11 +33,11 @@ int run(int argc, char** argv)
   }
   const Options options = Options::parse(arguments);
   if (options.task == Options::HELP) {
-    print(Options::getHelp());
+    TextTasks::print(Options::getHelp());
     return 0;
   }
   if (options.task == Options::VERSION) {
-    print(QString("quillform-view %1\n").arg(SoQuillform::getVersion()));
+    TextTasks::print(QString("quillform-view %1\n").arg(SoQuillform::getVersion()));
     return 0;
   }
 
@@ -97,15 +47,15 @@ int run(int argc, char** argv)
     // Reading needs no display, and its faults are reported whether there is one or not.
     const QCoreApplication application(argc, argv);
     Skins::select(options.skinDirectories, options.skin);
-    const bool areAllRead = readFiles(options, files);
+    const bool areAllRead = TextTasks::readFiles(options, files);
     if (options.task == Options::CHECK) {
-      return check(files) && areAllRead ? 0 : Failure::BAD_FILE;
+      return TextTasks::check(files) && areAllRead ? 0 : Failure::BAD_FILE;
     }
     if (!areAllRead) {
       return Failure::BAD_FILE;
     }
     if (options.task == Options::DUMP) {
-      dump(files);
+      TextTasks::dump(files);
       return 0;
     }
   }

@@ -1,0 +1,296 @@
+#include <Inventor/nodes/SoText3.h>
+#include <QDir>
+#include <QLabel>
+#include <QPushButton>
+#include <Quillform/Quillform.h>
+#include <forms/Plan.h>
+#include <functional>
+#include <support/Messages.h>
+#include <support/Scene.h>
+#include <support/TestFiles.h>
+
+namespace {
+
+SoTopLevelDialog* copyOf(SoTopLevelDialog* dialog)
+{
+  auto* copy = static_cast<SoTopLevelDialog*>(dialog->copy());
+  copy->ref();
+  return copy;
+}
+
+/// The rectangle of the button of a push button in the scene, from the top-left corner of its dialog's contents.
+QRectF buttonInScene(SoTopLevelDialog* dialog, SoDialogComponent* component)
+{
+  const SbVec3f place = dialog->get3DParentTranslation();
+  return Plan::seen(Plan::boxOf(dialog, Plan::partOf(component, "frameSep")))
+    .translated(-place[0] - Plan::border, place[1] - Plan::top);
+}
+
+QRectF buttonInWindow(SoTopLevelDialog* dialog, SoDialogComponent* component)
+{
+  auto* button = component->getWidget()->findChild<QPushButton*>();
+  return {QPointF(button->mapTo(dialog->getWidget(), QPoint(0, 0))), QSizeF(button->size())};
+}
+
+/// Every text of \a element stands inside \a frame, a part of the element.
+void expectTextsInside(SoTopLevelDialog* dialog, SoQuillform* element, const char* separator, const char* frame)
+{
+  SoNode* part = Plan::partOf(element, separator);
+  ASSERT_NE(part, nullptr) << separator;
+  const SbBox3f box = Plan::boxOf(dialog, part);
+  if (!box.isEmpty()) {
+    EXPECT_TRUE(Plan::stands(Plan::seen(box), Plan::seen(Plan::boxOf(dialog, Plan::partOf(element, frame)))))
+      << separator << " of " << element->label.getValue().getString();
+    EXPECT_GT(box.getMax()[2], Plan::boxOf(dialog, Plan::partOf(element, frame)).getMin()[2]);
+  }
+}
+
+/// The two forms of a dialog show the same rectangles: the frames, and the buttons in them.
+void expectSamePlan(SoTopLevelDialog* window, SoTopLevelDialog* scene, const std::string& where)
+{
+  const auto inWindow = Plan::componentsOf(window);
+  const auto inScene = Plan::componentsOf(scene);
+  ASSERT_EQ(inWindow.size(), inScene.size()) << where;
+  ASSERT_GT(inWindow.size(), 0U);
+  for (std::size_t i = 0; i < inWindow.size(); i++) {
+    EXPECT_TRUE(Plan::agree(Plan::inScene(scene, inScene[i]), Plan::inWindow(window, inWindow[i])))
+      << where << ": frame " << i << " " << inWindow[i]->auditorID.getValue().getString();
+    if (inWindow[i]->isOfType(SoDialogPushButton::getClassTypeId())) {
+      const QRectF seen = buttonInWindow(window, inWindow[i]);
+      if (seen.width() > 1.0 && seen.height() > 1.0) {
+        EXPECT_TRUE(Plan::agree(buttonInScene(scene, inScene[i]), seen)) << where << ": button " << i;
+      }
+      expectTextsInside(scene, inScene[i], "labelSep", "mainCptSeparator");
+      expectTextsInside(scene, inScene[i], "buttonLabelSep", "frameSep");
+    }
+    if (inWindow[i]->isOfType(SoDialogLabel::getClassTypeId())) {
+      expectTextsInside(scene, inScene[i], "labelSep", "mainCptSeparator");
+    }
+  }
+  expectTextsInside(scene, scene, "labelSep", "frameSep");
+}
+
+} // namespace
+
+class SamePlanTest : public QuillformTest {
+protected:
+  /// Builds one copy of the dialog as a window and one in the scene, and both forms of a third, and compares.
+  void check(SoTopLevelDialog* dialog, const std::string& where)
+  {
+    ASSERT_NE(dialog, nullptr) << where;
+    const auto nothing = [](SoTopLevelDialog*) {
+    };
+    checkAfter(dialog, where, nothing);
+  }
+
+  void checkAfter(SoTopLevelDialog* dialog, const std::string& where,
+                  const std::function<void(SoTopLevelDialog*)>& change)
+  {
+    SoTopLevelDialog* window = copyOf(dialog);
+    SoTopLevelDialog* inScene = copyOf(dialog);
+    SoTopLevelDialog* both = copyOf(dialog);
+    {
+      Scene scene;
+      window->buildDialog(nullptr, FALSE);
+      window->show();
+      scene.open(inScene);
+      both->buildDialog(nullptr, FALSE);
+      both->show();
+      settle();
+      scene.open(both);
+      settle();
+      change(window);
+      change(inScene);
+      change(both);
+      settle();
+      expectSamePlan(window, inScene, where + " (two dialogs)");
+      expectSamePlan(both, both, where + " (both forms)");
+      window->updateAfterSceneGraphChange();
+      inScene->updateAfterSceneGraphChange();
+      both->updateAfterSceneGraphChange();
+      settle();
+      expectSamePlan(window, inScene, where + " (two dialogs, rebuilt)");
+      expectSamePlan(both, both, where + " (both forms, rebuilt)");
+    }
+    window->unref();
+    inScene->unref();
+    both->unref();
+    settle();
+  }
+
+  void checkText(const std::string& text)
+  {
+    check(load(text), text);
+  }
+};
+
+TEST_F(SamePlanTest, theExamplesHaveOnePlanInBothForms)
+{
+  const QDir directory(QUILLFORM_TEST_EXAMPLES);
+  int count = 0;
+  for (const QString& name : directory.entryList({"*.iv"})) {
+    const std::string path = directory.filePath(name).toStdString();
+    auto* dialog = dynamic_cast<SoTopLevelDialog*>(SoQuillform::loadFromFile(path.c_str(), ""));
+    if (dialog) {
+      ++count;
+      check(dialog, path);
+    }
+  }
+  EXPECT_GT(count, 0);
+}
+
+namespace {
+const std::string rows = "DialogPushButton { label \"A label\" buttonLabel \"A button\" } "
+                         "DialogPushButton { label \"Two\\nlines\" buttonLabel \"B\" } "
+                         "DialogLabel { label \"Some words\" } ";
+}
+
+TEST_F(SamePlanTest, dialogsLargerThanTheirDefault)
+{
+  checkText("TopLevelDialog { width 500 height 400 " + rows + "}");
+  checkText("TopLevelDialog { width 501 height 403 " + rows + "}");
+  checkText("TopLevelDialog { height 131 " + rows + "}");
+}
+
+TEST_F(SamePlanTest, dialogsSmallerThanTheirDefault)
+{
+  checkText("TopLevelDialog { width 100 height 90 " + rows + "}");
+  checkText("TopLevelDialog { minWidth 10 minHeight 10 width 60 height 40 " + rows + "}");
+  checkText("TopLevelDialog { maxWidth 80 maxHeight 60 " + rows + "}");
+}
+
+TEST_F(SamePlanTest, marginsAndSpacing)
+{
+  checkText("TopLevelDialog { margin 20 rowSpacing 11 " + rows + "}");
+  checkText("TopLevelDialog { margin 7 width 400 " + rows + "}");
+  checkText("TopLevelDialog { margin -3 rowSpacing -2 " + rows + "}");
+}
+
+TEST_F(SamePlanTest, hiddenLabels)
+{
+  checkText("TopLevelDialog { " + rows +
+            "DialogPushButton { label \"Hidden\" buttonLabel \"C\" labelVisibility FALSE } "
+            "DialogPushButton { buttonLabel \"No label\" } }");
+}
+
+TEST_F(SamePlanTest, fixedSizes)
+{
+  checkText("TopLevelDialog { width 400 height 300 " + rows +
+            "DialogPushButton { fixedWidth TRUE width 100 } DialogPushButton { fixedHeight TRUE height 50 } "
+            "DialogPushButton { fixedWidth TRUE fixedHeight TRUE width 333 height 44 } "
+            "DialogLabel { label \"Fixed\" fixedWidth TRUE fixedHeight TRUE width 60 height 30 } }");
+  checkText("TopLevelDialog { DialogPushButton { fixedWidth TRUE } DialogPushButton { fixedHeight TRUE } }");
+}
+
+TEST_F(SamePlanTest, explicitSizes)
+{
+  checkText("TopLevelDialog { DialogPushButton { width 300 height 80 label \"L\" buttonLabel \"Large\" } "
+            "DialogPushButton { width 30 height 10 label \"Long label\" buttonLabel \"Small\" } "
+            "DialogLabel { width 30 height 10 label \"A text that is far too long for its place\" } }");
+}
+
+TEST_F(SamePlanTest, limits)
+{
+  checkText("TopLevelDialog { width 500 height 300 " + rows +
+            "DialogPushButton { maxWidth 90 buttonLabel \"Narrow\" } DialogPushButton { maxHeight 30 } "
+            "DialogPushButton { minWidth 450 } DialogLabel { label \"Low\" maxHeight 26 } "
+            "DialogLabel { label \"Tall\" minHeight 90 } }");
+  checkText("TopLevelDialog { maxWidth 0 maxHeight 0 DialogPushButton { maxWidth 120 maxHeight 40 width 200 } "
+            "DialogPushButton { maxWidth 200 } }");
+}
+
+TEST_F(SamePlanTest, contradictoryLimits)
+{
+  checkText("TopLevelDialog { width 500 height 300 DialogPushButton { minWidth 300 maxWidth 100 buttonLabel \"X\" } "
+            "DialogPushButton { minHeight 80 maxHeight 30 buttonLabel \"Y\" } }");
+  checkText("TopLevelDialog { minWidth 300 maxWidth 200 minHeight 200 maxHeight 100 " + rows + "}");
+}
+
+TEST_F(SamePlanTest, absurdSizes)
+{
+  checkText("TopLevelDialog { width 300 height 200 DialogPushButton { minHeight -40 width -7 maxWidth -9 height 0 } "
+            "DialogPushButton { maxWidth 2147483647 } }");
+}
+
+TEST_F(SamePlanTest, edgesAndEmptyTexts)
+{
+  checkText("TopLevelDialog { label \"Title\" DialogPushButton { edgeStyle SHADOW_IN label \"E\" buttonLabel \"F\" } "
+            "DialogPushButton { edgeStyle SHADOW_OUT } DialogLabel { } DialogLabel { label \" \" } }");
+}
+
+TEST_F(SamePlanTest, unequalRowsThatShareTheRest)
+{
+  for (int height = 100; height < 108; height++) {
+    checkText("TopLevelDialog { height " + std::to_string(height) + " " + rows + "}");
+  }
+}
+
+TEST_F(SamePlanTest, notResizable)
+{
+  checkText("TopLevelDialog { resizable FALSE width 333 " + rows + "}");
+}
+
+TEST_F(SamePlanTest, afterEveryChangeOfARowThatLaysOutAgain)
+{
+  const std::string text = "TopLevelDialog { width 400 height 250 " + rows + "}";
+  const auto button = [](SoTopLevelDialog* dialog) {
+    return static_cast<SoDialogPushButton*>(dialog->getChild(0));
+  };
+  checkAfter(load(text), "labelVisibility", [&](SoTopLevelDialog* dialog) { button(dialog)->labelVisibility = FALSE; });
+  checkAfter(load(text), "label", [&](SoTopLevelDialog* dialog) { button(dialog)->label = "A\\nB\\nC"; });
+  checkAfter(load(text), "labelAlignment",
+             [&](SoTopLevelDialog* dialog) { button(dialog)->labelAlignment = SoQuillform::LEFT; });
+  checkAfter(load(text), "buttonLabel",
+             [&](SoTopLevelDialog* dialog) { button(dialog)->buttonLabel = "A very, very long text on a button"; });
+  checkAfter(load(text), "edgeStyle",
+             [&](SoTopLevelDialog* dialog) { button(dialog)->edgeStyle = SoDialogComponent::SHADOW_IN; });
+  checkAfter(load(text), "rowSpacing", [&](SoTopLevelDialog* dialog) { dialog->rowSpacing = 15; });
+  checkAfter(load(text), "position3D",
+             [&](SoTopLevelDialog* dialog) { dialog->position3D.setValue(30.0F, 20.0F, 5.0F); });
+}
+
+TEST_F(SamePlanTest, afterEveryChangeOfTheContents)
+{
+  const std::string text = "TopLevelDialog { windowResizedByChildren TRUE rowSpacing 2 " + rows + "}";
+  checkAfter(load(text), "addChild", [](SoTopLevelDialog* dialog) {
+    auto* added = new SoDialogPushButton;
+    added->buttonLabel = "Added";
+    added->label = "A label longer than the others";
+    dialog->addChild(added);
+  });
+  checkAfter(load(text), "insertChild", [](SoTopLevelDialog* dialog) {
+    auto* added = new SoDialogLabel;
+    added->label = "In front";
+    dialog->insertChild(added, 0);
+  });
+  checkAfter(load(text), "removeChild", [](SoTopLevelDialog* dialog) { dialog->removeChild(1); });
+  checkAfter(load(text), "replaceChild", [](SoTopLevelDialog* dialog) {
+    auto* added = new SoDialogPushButton;
+    added->height = 70;
+    dialog->replaceChild(1, added);
+  });
+}
+
+TEST_F(SamePlanTest, theTitleIsCentredAndTheTextsAreAligned)
+{
+  SoTopLevelDialog* dialog = load("TopLevelDialog { width 300 height 100 label \"Title\" "
+                                  "DialogLabel { label \"wide enough text\" labelAlignment LEFT } "
+                                  "DialogLabel { label \"wide enough text\" labelAlignment CENTER } "
+                                  "DialogLabel { label \"wide enough text\" labelAlignment RIGHT } }");
+  Scene scene;
+  scene.open(dialog);
+  const auto text = [&](int child) {
+    SoNode* part = Plan::partOf(dialog->getChild(child), "labelSep");
+    return Plan::seen(Plan::boxOf(dialog, part)).translated(-Plan::border, -Plan::top);
+  };
+  EXPECT_NEAR(text(0).left(), 3.0, 2.0);
+  EXPECT_NEAR(text(1).center().x(), 150.0, 2.0);
+  EXPECT_NEAR(text(2).right(), 297.0, 2.0);
+  static_cast<SoDialogLabel*>(dialog->getChild(0))->labelAlignment = SoQuillform::RIGHT;
+  EXPECT_NEAR(text(0).right(), 297.0, 2.0);
+  const QRectF frame = Plan::seen(Plan::boxOf(dialog, Plan::partOf(dialog, "frameSep")));
+  EXPECT_NEAR(frame.width(), 308.0, 0.5);
+  EXPECT_NEAR(frame.height(), 127.0, 0.5);
+  EXPECT_NEAR(frame.left(), 0.0, 0.5);
+  EXPECT_NEAR(frame.top(), 0.0, 0.5);
+}
