@@ -5,10 +5,11 @@
 
 namespace {
 
+/// Never destroyed: the application may release elements later than anything else.
 std::unordered_set<SoQuillform*>& elements()
 {
-  static std::unordered_set<SoQuillform*> live;
-  return live;
+  static auto* const live = new std::unordered_set<SoQuillform*>;
+  return *live;
 }
 
 } // namespace

@@ -24,13 +24,8 @@ struct LoadedFile {
 int s_initRefCount = 0;
 std::vector<LoadedFile> s_loadedFiles;
 
-/// Roots whose element was released by its user. They still list the freed node, so nothing may ever be
-/// done with them again; they are only kept from counting as lost.
-std::vector<SoSeparator*>& abandonedRoots()
-{
-  static std::vector<SoSeparator*> roots;
-  return roots;
-}
+/// Roots one of whose elements was released by its user. The other elements stay in memory until finish().
+std::vector<SoSeparator*> s_abandonedRoots;
 
 /// Reads a whole dialog file; nullptr, after a message that names the file and the line, when it cannot be.
 SoSeparator* readDialogFile(const SbString& fileName)
@@ -81,6 +76,9 @@ void SoQuillform::finish()
     // A dying element looks itself up in the cache, so the cache is emptied before any root goes.
     for (const LoadedFile& file : std::exchange(s_loadedFiles, {})) {
       file.root->unref();
+    }
+    for (SoSeparator* root : std::exchange(s_abandonedRoots, {})) {
+      root->unref();
     }
     SoElementKinds::exitClasses();
   }
@@ -140,9 +138,18 @@ SoQuillform* SoQuillform::loadFromFile(SbString fileName, SbString auditorID)
 void SoQuillform::destroyByRef(SoQuillform* node)
 {
   for (auto file = s_loadedFiles.begin(); file != s_loadedFiles.end(); ++file) {
-    if (file->root->findChild(node) >= 0) {
-      abandonedRoots().push_back(file->root);
+    SoSeparator* root = file->root;
+    int index = root->findChild(node);
+    if (index >= 0) {
+      s_abandonedRoots.push_back(root);
       s_loadedFiles.erase(file);
+      // The root must not list a freed node. Leaving it takes a reference that the dying node no longer has.
+      node->ref();
+      for (; index >= 0; index = root->findChild(node)) {
+        node->ref();
+        root->removeChild(index);
+      }
+      node->unrefNoDelete();
       return;
     }
   }

@@ -29,8 +29,8 @@ bool s_isFirstFailure = true;
 /// What is read stays in memory for the life of the process, so that its names stay known.
 std::vector<SoSeparator*>& keptRoots()
 {
-  static std::vector<SoSeparator*> roots;
-  return roots;
+  static auto* const roots = new std::vector<SoSeparator*>;
+  return *roots;
 }
 
 void keep(SoSeparator* root)

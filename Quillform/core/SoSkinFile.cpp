@@ -12,8 +12,8 @@ namespace {
 /// The live group of every part name seen so far, referenced for the life of the process.
 std::map<std::string, SoGroup*>& liveGroups()
 {
-  static std::map<std::string, SoGroup*> groups;
-  return groups;
+  static auto* const groups = new std::map<std::string, SoGroup*>;
+  return *groups;
 }
 
 SoGroup* findNamedGroup(const std::string& name)

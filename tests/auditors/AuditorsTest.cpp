@@ -97,13 +97,12 @@ TEST(AuditorTypesTest, hangBelowAuditor)
 {
   SoQuillform::init();
   EXPECT_TRUE(SoAuditor::getClassTypeId().getParent() == SoType::badType());
-  for (const SoType& type :
-       {SoDialogAuditor::getClassTypeId(), SoDialogPushButtonAuditor::getClassTypeId(),
-        SoDialogCheckBoxAuditor::getClassTypeId(), SoDialogChoiceAuditor::getClassTypeId(),
-        SoDialogEditTextAuditor::getClassTypeId(), SoDialogIntegerSliderAuditor::getClassTypeId(),
-        SoDialogRealSliderAuditor::getClassTypeId(), SoMenuCheckBoxAuditor::getClassTypeId(),
-        SoMenuFileSelectionAuditor::getClassTypeId(), SoMenuPushButtonAuditor::getClassTypeId(),
-        SoMenuRadioButtonsAuditor::getClassTypeId()}) {
+  for (const SoType& type : {SoDialogAuditor::getClassTypeId(), SoDialogPushButtonAuditor::getClassTypeId(),
+                             SoDialogCheckBoxAuditor::getClassTypeId(), SoDialogChoiceAuditor::getClassTypeId(),
+                             SoDialogEditTextAuditor::getClassTypeId(), SoDialogIntegerSliderAuditor::getClassTypeId(),
+                             SoDialogRealSliderAuditor::getClassTypeId(), SoMenuCheckBoxAuditor::getClassTypeId(),
+                             SoMenuFileSelectionAuditor::getClassTypeId(), SoMenuPushButtonAuditor::getClassTypeId(),
+                             SoMenuRadioButtonsAuditor::getClassTypeId()}) {
     EXPECT_EQ(type.getParent(), SoAuditor::getClassTypeId()) << type.getName().getString();
   }
   SoQuillform::finish();

@@ -10,6 +10,7 @@
 #include <support/Messages.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
+#include <unistd.h>
 
 namespace {
 
@@ -808,6 +809,8 @@ TEST_F(TopLevelDialogTest, destroyDialogInsideAParentEndsTheProcess)
 {
   EXPECT_EXIT(
     {
+      // The application object never goes, and what it holds is no leak of this test.
+      on_exit([](int status, void*) { _exit(status); }, nullptr);
       auto* parent = new QWidget;
       dialog->buildDialog(parent, TRUE);
       dialog->destroyDialog();
@@ -961,7 +964,7 @@ TEST_F(TopLevelDialogTest, theListAnswersForEveryIndexAndNode)
   dialog->removeChild(5);
   dialog->removeChild(-1);
   dialog->replaceChild(9, stranger);
-  dialog->replaceChild(stranger, newButton("t"));
+  dialog->replaceChild(stranger, stranger);
   dialog->addChild(static_cast<SoTopComponent*>(nullptr));
   dialog->insertChild(static_cast<SoTopComponent*>(nullptr), 0);
   EXPECT_EQ(dialog->getNumChildren(), 2);
@@ -1127,17 +1130,14 @@ TEST_F(TopLevelDialogTest, readingAChildOfAnotherTypeFails)
 {
   const Messages messages;
   EXPECT_EQ(load("TopLevelDialog { DialogPushButton { } Cube { } DialogPushButton { } }"), nullptr);
-  EXPECT_GE(messages.count(""), 1);
+  EXPECT_GE(messages.count("dialog0.iv"), 1);
 }
 
 TEST_F(TopLevelDialogTest, readingItselfAsItsOwnChildIsRefused)
 {
   const Messages messages;
-  SoTopLevelDialog* loaded = load("DEF T TopLevelDialog { DialogPushButton { } USE T }");
-  if (loaded) {
-    EXPECT_EQ(loaded->getNumChildren(), 1);
-  }
-  EXPECT_GE(messages.count(""), 1);
+  EXPECT_EQ(load("DEF T TopLevelDialog { DialogPushButton { } USE T }"), nullptr);
+  EXPECT_GE(messages.count("dialog0.iv"), 1);
 }
 
 TEST_F(TopLevelDialogTest, readingBuildsNothing)

@@ -154,8 +154,8 @@ TEST_F(BaseNodeTest, hasItsFieldsAtTheirDefaults)
   EXPECT_EQ(node->label.getValue(), SbString(""));
   EXPECT_EQ(node->auditorID.getValue(), SbString(""));
   EXPECT_EQ(node->labelAlignment.getValue(), SoQuillform::RIGHT);
-  for (SoField* field : std::initializer_list<SoField*>{&node->enable, &node->label, &node->auditorID,
-                                                        &node->labelAlignment}) {
+  for (SoField* field :
+       std::initializer_list<SoField*>{&node->enable, &node->label, &node->auditorID, &node->labelAlignment}) {
     EXPECT_TRUE(field->isDefault());
   }
 }
@@ -307,8 +307,7 @@ TEST_F(BaseNodeTest, theWindowFormHearsBeforeTheSceneForm)
   node->enable = FALSE;
   node->label = "text";
   node->labelAlignment = SoQuillform::CENTER;
-  EXPECT_EQ(node->log,
-            (Log{"enable", "3D enable", "label", "3D label", "labelAlignment", "3D labelAlignment"}));
+  EXPECT_EQ(node->log, (Log{"enable", "3D enable", "label", "3D label", "labelAlignment", "3D labelAlignment"}));
 }
 
 TEST_F(BaseNodeTest, aNodeThatCannotBeTraversedIsNotUpdatedIn3D)

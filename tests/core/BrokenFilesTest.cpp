@@ -141,7 +141,10 @@ TEST_F(BrokenFilesTest, aFileWithoutAHeaderIsRefused)
 TEST_F(BrokenFilesTest, aFileOfAnotherKindIsRefused)
 {
   expectRefused("#!/bin/sh\nexit 0\n", "Not a valid Inventor file");
-  expectRefused(std::string("\x7f" "ELF\0\0\0\0garbage", 15), "Not a valid Inventor file");
+  expectRefused(std::string("\x7f"
+                            "ELF\0\0\0\0garbage",
+                            15),
+                "Not a valid Inventor file");
 }
 
 TEST_F(BrokenFilesTest, aFileOfZeroBytesIsRefused)
@@ -277,8 +280,7 @@ TEST_F(BrokenFilesTest, oneDialogTwiceAtTheTopIsOneDialog)
 TEST_F(BrokenFilesTest, aHundredThousandLevelsOfSeparatorsAreRefused)
 {
   const int levels = 100000;
-  expectRefused(header + repeated("Separator {\n", levels) + repeated("}\n", levels) + "TopLevelDialog {}\n",
-                "line ");
+  expectRefused(header + repeated("Separator {\n", levels) + repeated("}\n", levels) + "TopLevelDialog {}\n", "line ");
 }
 
 TEST_F(BrokenFilesTest, aHundredThousandLevelsOfDialogsAreRefused)
@@ -320,16 +322,14 @@ TEST_F(BrokenFilesTest, aHundredThousandLevelsInABinaryFileAreRefused)
   while (nested.compare(start, level, nested, start + level, level) != 0) {
     ++start;
   }
-  expectRefused(nested.substr(0, start) + repeated(nested.substr(start, level), 100000) + nested.substr(start),
-                "deep");
+  expectRefused(nested.substr(0, start) + repeated(nested.substr(start, level), 100000) + nested.substr(start), "deep");
 }
 
 TEST_F(BrokenFilesTest, whatIsJustNotTooDeepCanBeUsed)
 {
   const int levels = 490;
-  const std::string path =
-    writeFile("deep.iv", "TopLevelDialog { frame Group {" + repeated("Separator {\n", levels) + " Cube {} " +
-                           repeated("}\n", levels) + "} DialogLabel {} }\n");
+  const std::string path = writeFile("deep.iv", "TopLevelDialog { frame Group {" + repeated("Separator {\n", levels) +
+                                                  " Cube {} " + repeated("}\n", levels) + "} DialogLabel {} }\n");
   Messages messages;
   SoTopLevelDialog* dialog = loadPath(path);
   ASSERT_NE(dialog, nullptr) << join(messages.all());

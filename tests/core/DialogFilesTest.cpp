@@ -64,9 +64,9 @@ TEST_F(DialogFilesTest, aMissingIdentifierIsNamedInTheMessage)
   EXPECT_EQ(loadAny(path, "three"), nullptr);
   ASSERT_EQ(messages.all().size(), 1U);
   EXPECT_EQ(messages.count("SoQuillform::loadFromFile"), 1);
-  EXPECT_EQ(messages.count("Cannot find any Quillform component with auditorID = \"three\" in Arborel file \"" + path +
-                           "\"."),
-            1);
+  EXPECT_EQ(
+    messages.count("Cannot find any Quillform component with auditorID = \"three\" in Arborel file \"" + path + "\"."),
+    1);
 }
 
 TEST_F(DialogFilesTest, aFileWithoutElementsIsNamedInTheMessage)
@@ -171,6 +171,8 @@ TEST_F(DialogFilesTest, releasingOneOfTwoElementsLeavesTheOtherUsable)
   SoQuillform* fresh = loadAny(path, "two");
   ASSERT_NE(fresh, nullptr);
   EXPECT_NE(fresh, second);
+  SoQuillform::finish();
+  EXPECT_EQ(SoQuillform::getInstanceCount(), 0);
 }
 
 TEST_F(DialogFilesTest, anElementTakenIntoASceneOutlivesTheCache)

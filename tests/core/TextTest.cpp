@@ -200,8 +200,7 @@ TEST_F(TextTest, anEditTextOfOneLineMeasuresLineFeedsAsCharacters)
   edit->ref();
   auto* multiLine = static_cast<SoSFBool*>(edit->getField("multiLine"));
   multiLine->setValue(FALSE);
-  EXPECT_EQ(SoQuillform::getLabelPixelSize("one\\ntwo", edit),
-            SbVec2i32(widthOf("one\ntwo") + 3, lineHeight() + 3));
+  EXPECT_EQ(SoQuillform::getLabelPixelSize("one\\ntwo", edit), SbVec2i32(widthOf("one\ntwo") + 3, lineHeight() + 3));
   multiLine->setValue(TRUE);
   EXPECT_EQ(SoQuillform::getLabelPixelSize("one\\ntwo", edit)[1], lineHeight() * 2 + 3);
   edit->unref();

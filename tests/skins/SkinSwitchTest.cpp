@@ -26,8 +26,9 @@ const std::vector<const char*> partNames = {
   "TopLevelDialogMinPressed",
 };
 
-const char* const dialogText = "TopLevelDialog { label \"Title\" DialogPushButton { label \"Side\" buttonLabel \"Press\" "
-                               "} DialogLabel { label \"text\" } }";
+const char* const dialogText =
+  "TopLevelDialog { label \"Title\" DialogPushButton { label \"Side\" buttonLabel \"Press\" "
+  "} DialogLabel { label \"text\" } }";
 
 int countNamed(const std::string& name)
 {

@@ -14,7 +14,7 @@ protected:
   void makeSkin(const QString& directory) const
   {
     ASSERT_TRUE(QDir().mkpath(pathOf(directory)));
-    write(directory + "/TopLevelDialog.iv", "Separator { }");
+    write(directory + "/TopLevelDialog.iv", "Separator { DEF TopLevelDialogFrame Group { } }");
   }
 };
 
