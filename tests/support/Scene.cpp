@@ -12,8 +12,7 @@ constexpr int originX = 100;
 constexpr int originY = 500;
 } // namespace
 
-Scene::Scene()
-  : m_root(new SoSeparator), m_camera(new SoOrthographicCamera), m_action(SbViewportRegion(width, height))
+Scene::Scene() : m_root(new SoSeparator), m_camera(new SoOrthographicCamera), m_action(SbViewportRegion(width, height))
 {
   m_root->ref();
   m_camera->viewportMapping = SoCamera::LEAVE_ALONE;
