@@ -136,7 +136,11 @@ void SoChildElements::append(SoNode* child)
 void SoChildElements::detach(SoQuillform* child)
 {
   child->destroyWidget();
-  child->show3D(0); // it may stand in the scene until the event is over
+  if (SoEventScope::isActive() && child->isShown3D()) {
+    // It stands in the scene until the event is over, where nobody may see or pick it.
+    child->show3D(0);
+    SoEventScope::whenOver(child, [child] { child->show3D(1); });
+  }
   child->setParent(nullptr);
 }
 
@@ -170,12 +174,12 @@ void SoChildElements::removeAll()
 
 void SoChildElements::replace(int index, SoNode* child)
 {
-  SoQuillform* old = get(index);
-  if (!old || !child || old == child) {
+  if (!child) {
     return;
   }
-  child->ref();
-  if (isAcceptable(child)) {
+  child->ref(); // a refused node that nobody holds is freed
+  SoQuillform* old = get(index);
+  if (old && old != child && isAcceptable(child)) {
     old->ref();
     detach(old);
     auto* element = static_cast<SoQuillform*>(child);

@@ -21,6 +21,7 @@
 #include <Quillform/core/SoElementKinds.h>
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoLive3DElements.h>
+#include <algorithm>
 
 SO_QUILLFORM_SOURCE(SoQuillform, "Quillform")
 
@@ -484,6 +485,26 @@ void SoQuillform::handleEvent(SoHandleEventAction* action)
   inherited::handleEvent(action);
 }
 
+void SoQuillform::grabEventsSetup()
+{
+  // The event action keeps a bare pointer to the node that gets its events, and the application may remove the
+  // element, by a timer say, while the button is held down.
+  if (!m_holdsPointer) {
+    m_holdsPointer = true;
+    ref();
+  }
+  inherited::grabEventsSetup();
+}
+
+void SoQuillform::grabEventsCleanup()
+{
+  inherited::grabEventsCleanup(); // comes back here once
+  if (m_holdsPointer) {
+    m_holdsPointer = false;
+    unref();
+  }
+}
+
 void SoQuillform::listenToPointer3D()
 {
   if (!m_listening) {
@@ -604,24 +625,48 @@ void SoQuillform::write(SoWriteAction* action)
     inherited::write(action);
   }
   else if (out->getStage() == SoOutput::COUNT_REFS) {
-    addWriteReference(out);
+    setDefaultOnNonWritingFields();
+    SoFieldContainer::addWriteReference(out, FALSE);
+    if (!hasMultipleWriteRefs()) {
+      writeChildren(action);
+    }
   }
   else if (!writeHeader(out, TRUE, FALSE)) {
     SoFieldContainer::writeInstance(out);
-    int onPath = 0;
-    const int* indices = nullptr;
-    const bool alongPath = action->getPathCode(onPath, indices) == SoAction::IN_PATH;
-    const int kitChildren = getChildren()->getLength() - children->getNum();
-    const int count = alongPath && onPath > 0 ? indices[onPath - 1] - kitChildren + 1 : children->getNum();
     if (out->isBinary()) {
-      out->write(count);
+      out->write(countWrittenChildren(action));
     }
-    for (int i = 0; i < count; i++) {
-      children->get(i)->write(action);
-    }
+    writeChildren(action);
     writeFooter(out);
   }
   exchangeAuthoredValues(false);
+}
+
+int SoQuillform::countWrittenChildren(SoWriteAction* action) const
+{
+  const SoChildElements* children = getChildElements();
+  int onPath = 0;
+  const int* indices = nullptr;
+  if (action->getPathCode(onPath, indices) != SoAction::IN_PATH || onPath == 0) {
+    return children->getNum();
+  }
+  // Paths count the kit's own nodes too, which stand in front.
+  const int kitNodes = getChildren()->getLength() - children->getNum();
+  return std::max(indices[onPath - 1] - kitNodes + 1, 0);
+}
+
+void SoQuillform::writeChildren(SoWriteAction* action)
+{
+  SoChildElements* children = getChildElements();
+  const SoAction::PathCode pathCode = action->getCurPathCode();
+  const int kitNodes = getChildren()->getLength() - children->getNum();
+  const int count = countWrittenChildren(action);
+  for (int i = 0; i < count; i++) {
+    // The child must know whether it stands on the path itself.
+    action->pushCurPath(kitNodes + i, children->get(i));
+    children->get(i)->write(action);
+    action->popCurPath(pathCode);
+  }
 }
 
 SbBool SoQuillform::readInstance(SoInput* in, unsigned short flags)

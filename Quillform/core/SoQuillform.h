@@ -320,6 +320,8 @@ public:
   /// @}
 
   void handleEvent(SoHandleEventAction* action) override;
+  void grabEventsSetup() override;
+  void grabEventsCleanup() override;
   void write(SoWriteAction* action) override;
   void addWriteReference(SoOutput* out, SbBool isFromField = FALSE) override;
   void search(SoSearchAction* action) override;
@@ -385,6 +387,8 @@ private:
   void apply3DUsability(bool usable, int pickStyle);
   bool isAuthorPart(int partNumber) const;
   void adoptReadParts();
+  int countWrittenChildren(SoWriteAction* action) const; // along a path up to the one on it, else all
+  void writeChildren(SoWriteAction* action);
 
   int m_widgetBuilt = 0;                               // non-zero once realised as widgets
   QPointer<QWidget> m_parentWidget;                    // given to buildWidget
@@ -400,6 +404,7 @@ private:
   SbBox3f m_labelBox;                                  // cached extent of the label's 3D text
   std::set<std::string> m_skinParts;                   // parts that hold the skin's geometry, not the author's
   bool m_listening = false;                            // the dragger's callbacks are registered
+  bool m_holdsPointer = false; // gets every event until the button is released, and is referenced for it
   int m_built3D = 0;
   int m_canBeTraversed = 1;
   int m_shown3D = 1;

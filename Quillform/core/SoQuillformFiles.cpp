@@ -40,7 +40,8 @@ SoSeparator* readDialogFile(const SbString& fileName)
   }
   SoSeparator* root = input.readAll();
   if (!root) {
-    SoDebugError::post(source, "\"%s\" could not be read as a dialog file. Mend what the messages before name.",
+    SoDebugError::post(source,
+                       "\"%s\" could not be read as a dialog file: the messages before this one name what to mend.",
                        fileName.getString());
   }
   return root;

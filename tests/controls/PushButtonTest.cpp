@@ -487,3 +487,22 @@ TEST_F(PushButtonTest, aCopyDoesNotTakeTheAuditors)
   button->removeAuditor(&heard);
   button->unref();
 }
+
+TEST_F(PushButtonTest, aButtonRemovedWhileItIsHeldDownInTheSceneIsGoneAtTheRelease)
+{
+  SoTopLevelDialog* dialog = load("TopLevelDialog { DialogPushButton { auditorID \"ok\" buttonLabel \"OK\" } }");
+  ASSERT_NE(dialog, nullptr);
+  DialogHeard heard;
+  dialog->addAuditor(&heard);
+  Scene scene;
+  scene.open(dialog);
+  const int before = SoQuillform::getInstanceCount();
+  const SbVec2s at = scene.centre(static_cast<SoDialogComponent*>(dialog->getChild(0)));
+  scene.press(at);
+  dialog->removeChild(0);
+  scene.move(at);
+  scene.release(at);
+  scene.click(at);
+  EXPECT_TRUE(heard.ids.empty());
+  EXPECT_EQ(SoQuillform::getInstanceCount(), before - 1);
+}

@@ -1,4 +1,9 @@
+#include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
+#include <Inventor/SoOutput.h>
+#include <Inventor/SoPath.h>
+#include <Inventor/actions/SoWriteAction.h>
+#include <Inventor/misc/SoChildList.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <QDir>
 #include <Quillform/Quillform.h>
@@ -237,4 +242,34 @@ TEST_F(DialogFilesTest, writeNodeReportsAFileThatCannotBeWritten)
   const std::string path = pathOf("no/such/directory.iv");
   dialog->writeNode(path.c_str());
   EXPECT_EQ(messages.count("SoQuillform::writeNode(): \"" + path + "\""), 1);
+}
+
+TEST_F(DialogFilesTest, alongAPathIntoItsGeometryADialogWritesNoChildren)
+{
+  SoTopLevelDialog* dialog = load("TopLevelDialog { label \"text\" DialogLabel {} }");
+  ASSERT_NE(dialog, nullptr);
+  SoNode* geometry = (*dialog->getChildren())[0];
+  ASSERT_FALSE(geometry->isOfType(SoQuillform::getClassTypeId()));
+  auto* path = new SoPath(dialog);
+  path->ref();
+  path->append(0);
+  for (const SbBool binary : {FALSE, TRUE}) {
+    const std::string file = pathOf(binary ? "binary.iv" : "ascii.iv");
+    SoOutput output;
+    ASSERT_TRUE(output.openFile(file.c_str()));
+    output.setBinary(binary);
+    SoWriteAction write(&output);
+    write.apply(path);
+    output.closeFile();
+    SoInput input;
+    ASSERT_TRUE(input.openFile(file.c_str()));
+    SoNode* read = nullptr;
+    ASSERT_TRUE(SoDB::read(&input, read));
+    ASSERT_NE(read, nullptr);
+    read->ref();
+    EXPECT_EQ(static_cast<SoTopLevelDialog*>(read)->label.getValue(), SbString("text"));
+    EXPECT_EQ(static_cast<SoTopLevelDialog*>(read)->getNumChildren(), 0);
+    read->unref();
+  }
+  path->unref();
 }
