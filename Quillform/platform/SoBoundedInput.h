@@ -16,7 +16,7 @@ class QUILLFORM_API SoBoundedInput : public SoInput {
 public:
   /// Stack in bytes that reading may take; some 700 levels of nodes. Actions take about as much for the same levels,
   /// so this stays well below the smallest usual stack.
-  static constexpr std::ptrdiff_t maxStack = 512 * 1024;
+  static constexpr std::ptrdiff_t maxStack = std::ptrdiff_t{512} * 1024;
 
   SoBoundedInput();
 
