@@ -30,6 +30,7 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs)
 {
   std::vector<Run> shown;
   for (Run run : runs) {
+    m_hasErrors = m_hasErrors || run.error_occurred;
     if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median" && !run.error_occurred) {
       m_medians[run.run_name.function_name] =
         run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit) * 1000.0;
@@ -45,6 +46,11 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs)
   if (!shown.empty()) {
     ConsoleReporter::ReportRuns(shown);
   }
+}
+
+bool RatioReporter::hasErrors() const
+{
+  return m_hasErrors;
 }
 
 double RatioReporter::getMedian(const char* name) const

@@ -14,10 +14,14 @@ public:
   void ReportRuns(const std::vector<Run>& runs) override;
   void Finalize() override;
 
+  /// True when a benchmark could not be run, or what it measured was not complete.
+  bool hasErrors() const;
+
 private:
   double getMedian(const char* name) const;
 
   std::map<std::string, double> m_medians; // in milliseconds, by name of the benchmark
+  bool m_hasErrors = false;
 };
 
 #endif // QUILLFORM_BENCH_RATIOREPORTER_H

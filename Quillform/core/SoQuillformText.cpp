@@ -116,6 +116,9 @@ void SoQuillform::setStringToText3(SoText3* text3, const SbString& text)
 
 int SoQuillform::insertTextTo3DText(const SbString& insert, SoText3* text3, int line, int pos)
 {
+  if (line < 0) {
+    return line; // there is no such line
+  }
   SoMFString& strings = text3->string;
   const int count = strings.getNum();
   if (getNumLines(insert) > 0) {

@@ -281,6 +281,14 @@ TEST_F(TextTest, anInsertIntoNoLinesMakesTheFirst)
   EXPECT_EQ(lines(), Lines{"X"});
 }
 
+TEST_F(TextTest, anInsertInFrontOfTheFirstLineDoesNothing)
+{
+  setLines({"a"});
+  EXPECT_EQ(SoQuillform::insertTextTo3DText("X", text3, -1, 0), -1);
+  EXPECT_EQ(SoQuillform::insertTextTo3DText("\n", text3, -2, 0), -2);
+  EXPECT_EQ(lines(), Lines{"a"});
+}
+
 TEST_F(TextTest, aLineFeedWithFiveLinesCopiesTwoPlacesDown)
 {
   setLines({"0", "1", "2", "3", "4"});
