@@ -2,7 +2,13 @@
 
 #include <Inventor/errors/SoDebugError.h>
 #include <Quillform/auditors/SoDialogAuditor.h>
+#include <Quillform/controls/SoDialogCheckBox.h>
+#include <Quillform/controls/SoDialogComboBox.h>
+#include <Quillform/controls/SoDialogEditText.h>
+#include <Quillform/controls/SoDialogIntegerSlider.h>
 #include <Quillform/controls/SoDialogPushButton.h>
+#include <Quillform/controls/SoDialogRadioButtons.h>
+#include <Quillform/controls/SoDialogRealSlider.h>
 #include <Quillform/core/SoChildElements.h>
 #include <Quillform/core/SoEventScope.h>
 #include <vector>
@@ -27,6 +33,12 @@ constexpr Report report(SoAuditorDispatch::Scope scope)
 /// In the order of the tests.
 const Report reports[] = {
   report<SoDialogPushButton, &SoDialogAuditor::dialogPushButton>(SoAuditorDispatch::CONTROLS),
+  report<SoDialogCheckBox, &SoDialogAuditor::dialogCheckBox>(SoAuditorDispatch::CONTROLS),
+  report<SoDialogComboBox, &SoDialogAuditor::dialogComboBox>(SoAuditorDispatch::CONTROLS),
+  report<SoDialogEditText, &SoDialogAuditor::dialogEditText>(SoAuditorDispatch::CONTROLS),
+  report<SoDialogRadioButtons, &SoDialogAuditor::dialogRadioButtons>(SoAuditorDispatch::CONTROLS),
+  report<SoDialogIntegerSlider, &SoDialogAuditor::dialogIntegerSlider>(SoAuditorDispatch::CONTROLS),
+  report<SoDialogRealSlider, &SoDialogAuditor::dialogRealSlider>(SoAuditorDispatch::CONTROLS),
 };
 
 void callMatching(SoDialogAuditor* auditor, SoQuillform* caller, SoAuditorDispatch::Scope scope)
@@ -108,7 +120,7 @@ void SoAuditorDispatch::applyToChildren(SoQuillform* container)
   }
   for (SoQuillform* element : elements) {
     if (children->find(element) >= 0) {
-      container->applyAuditor(element);
+      element->applyAuditors();
     }
     element->unref();
   }

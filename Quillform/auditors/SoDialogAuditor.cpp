@@ -1,8 +1,15 @@
 #include <Quillform/auditors/SoDialogAuditor.h>
 
 #include <Inventor/errors/SoDebugError.h>
+#include <Quillform/controls/SoDialogCheckBox.h>
+#include <Quillform/controls/SoDialogComboBox.h>
+#include <Quillform/controls/SoDialogEditText.h>
+#include <Quillform/controls/SoDialogIntegerSlider.h>
 #include <Quillform/controls/SoDialogPushButton.h>
+#include <Quillform/controls/SoDialogRadioButtons.h>
+#include <Quillform/controls/SoDialogRealSlider.h>
 #include <Quillform/platform/SoPreferences.h>
+#include <string>
 
 SO_TYPED_OBJECT_SOURCE(SoDialogAuditor, "DialogAuditor", SoAuditor::getClassTypeId())
 
@@ -19,6 +26,19 @@ public:
   UnhandledTrace& field(const char* name, const SbString& value)
   {
     m_text += SbString("\n\t\t -> ") + name + " = \"" + value + "\"";
+    return *this;
+  }
+
+  /// The chosen entry of a list.
+  UnhandledTrace& selected(int index, const SbString& item)
+  {
+    m_text += SbString("\n\t\t -> selectedItem ") + std::to_string(index).c_str() + " : " + item;
+    return *this;
+  }
+
+  UnhandledTrace& text(const SbString& text)
+  {
+    m_text += text;
     return *this;
   }
 
@@ -49,13 +69,68 @@ void SoDialogAuditor::dialogPushButton(SoDialogPushButton* cpt)
   }
 }
 
+void SoDialogAuditor::dialogCheckBox(SoDialogCheckBox* cpt)
+{
+  if (UnhandledTrace::isWanted()) {
+    UnhandledTrace("SoDialogCheckBox")
+      .field("label", cpt->label.getValue())
+      .field("onString", cpt->onString.getValue())
+      .field("offString", cpt->offString.getValue())
+      .post("dialogCheckBox");
+  }
+}
+
+void SoDialogAuditor::dialogComboBox(SoDialogComboBox* cpt)
+{
+  if (UnhandledTrace::isWanted()) {
+    UnhandledTrace("SoDialogComboBox")
+      .field("label", cpt->label.getValue())
+      .selected(cpt->selectedItem.getValue(), cpt->getSelectedText())
+      .post("dialogComboBox");
+  }
+}
+
+void SoDialogAuditor::dialogEditText(SoDialogEditText* cpt)
+{
+  if (UnhandledTrace::isWanted()) {
+    UnhandledTrace("SoDialogEditText")
+      .field("label", cpt->label.getValue())
+      .field("editText", cpt->editText.getValue())
+      .post("dialogEditText");
+  }
+}
+
+void SoDialogAuditor::dialogIntegerSlider(SoDialogIntegerSlider* cpt)
+{
+  if (UnhandledTrace::isWanted()) {
+    UnhandledTrace("SoDialogIntegerSlider")
+      .field("label", cpt->label.getValue())
+      .text(std::to_string(cpt->value.getValue()).c_str()) // right behind the label: this is meant
+      .post("dialogIntegerSlider");
+  }
+}
+
+void SoDialogAuditor::dialogRealSlider(SoDialogRealSlider* cpt)
+{
+  if (UnhandledTrace::isWanted()) {
+    UnhandledTrace("SoDialogRealSlider")
+      .field("label", cpt->label.getValue())
+      .text(SbString("\n\t\t -> value \"") + cpt->getValueText() + "\"")
+      .post("dialogRealSlider");
+  }
+}
+
+void SoDialogAuditor::dialogRadioButtons(SoDialogRadioButtons* cpt)
+{
+  if (UnhandledTrace::isWanted()) {
+    UnhandledTrace("SoDialogRadioButtons")
+      .field("label", cpt->label.getValue())
+      .selected(cpt->selectedItem.getValue(), cpt->getSelectedText())
+      .post("dialogRadioButtons");
+  }
+}
+
 // Nobody can call these yet: their elements are not registered, and each brings its trace along.
-void SoDialogAuditor::dialogCheckBox(SoDialogCheckBox* /*cpt*/) {}
-void SoDialogAuditor::dialogComboBox(SoDialogComboBox* /*cpt*/) {}
-void SoDialogAuditor::dialogEditText(SoDialogEditText* /*cpt*/) {}
-void SoDialogAuditor::dialogIntegerSlider(SoDialogIntegerSlider* /*cpt*/) {}
-void SoDialogAuditor::dialogRadioButtons(SoDialogRadioButtons* /*cpt*/) {}
-void SoDialogAuditor::dialogRealSlider(SoDialogRealSlider* /*cpt*/) {}
 void SoDialogAuditor::menuPushButton(SoMenuPushButton* /*cpt*/) {}
 void SoDialogAuditor::menuCheckBox(SoMenuCheckBox* /*cpt*/) {}
 void SoDialogAuditor::menuFileSelection(SoMenuFileSelection* /*cpt*/) {}

@@ -7,7 +7,6 @@
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoTransform.h>
-#include <Inventor/projectors/SbPlaneProjector.h>
 #include <QWidget>
 #include <Quillform/auditors/SoAuditorDispatch.h>
 #include <Quillform/auditors/SoTopLevelAuditor.h>
@@ -281,28 +280,12 @@ SoQuillform* SoTopLevelDialog::searchForAuditorId(SbString id)
 
 void SoTopLevelDialog::setChildrenLabelSize()
 {
-  const SoBoxModel::Children children = getComponents();
-  const int column = SoBoxModel::getLabelColumn(children);
-  for (SoTopComponent* child : children) {
-    if (auto* component = dynamic_cast<SoDialogComponent*>(child)) {
-      const bool isVisible = component->labelVisibility.getValue();
-      SbVec2i32 size(column, isVisible ? component->getLabelInitSize()[1] : 0);
-      component->setLabelSize(size);
-    }
-  }
+  SoBoxModel::giveCommonLabelColumn(getComponents(), SoBoxModel::HIDDEN_LABELS_HAVE_NO_HEIGHT);
 }
 
 void SoTopLevelDialog::setChildrenComponentSize()
 {
-  const SoBoxModel::Children children = getComponents();
-  const int column = SoBoxModel::getComponentColumn(children);
-  for (SoTopComponent* child : children) {
-    if (auto* component = dynamic_cast<SoDialogComponent*>(child)) {
-      const int labelHeight = component->labelVisibility.getValue() ? component->getLabelInitSize()[1] : 0;
-      SbVec2i32 size(column, std::max(component->getComponentInitSize()[1], labelHeight));
-      component->setComponentSize(size);
-    }
-  }
+  SoBoxModel::giveCommonComponentColumn(getComponents());
 }
 
 void SoTopLevelDialog::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
@@ -739,7 +722,7 @@ void SoTopLevelDialog::update3DLabel()
 void SoTopLevelDialog::update3DChildren()
 {
   const SoBoxModel::Children children = getComponents();
-  m_plan = m_box.plan(children, QSize(m_size3D[0], m_size3D[1]), m_layoutSpacing, false);
+  m_plan = m_box.plan(children, QSize(m_size3D[0], m_size3D[1]), m_layoutSpacing, 0, false);
   for (std::size_t i = 0; i < children.size(); i++) {
     SbVec2i32 size(m_plan[i].width(), m_plan[i].height());
     SbVec2i32 place(m_plan[i].x(), m_plan[i].y());
@@ -859,14 +842,6 @@ void SoTopLevelDialog::restore3DDialog()
 
 // The pointer in the scene: the title bar drags the dialog, the button minimises it
 
-SbVec3f SoTopLevelDialog::projectPointer()
-{
-  SbPlaneProjector projector(SbPlane(SbVec3f(0.0F, 0.0F, 1.0F), getLocalStartingPoint()));
-  projector.setViewVolume(getViewVolume());
-  projector.setWorkingSpace(getLocalToWorldMatrix());
-  return projector.project(getNormalizedLocaterPosition());
-}
-
 void SoTopLevelDialog::press3D()
 {
   set3DCurrentActive(this);
@@ -877,7 +852,7 @@ void SoTopLevelDialog::press3D()
   }
   const float depth = getOrigin()[1] - getLocalStartingPoint()[1];
   m_draggingTitle = depth <= static_cast<float>(titleHeight + border);
-  m_dragStart = projectPointer();
+  m_dragStart = getPointer3D() + get3DParentTranslation();
   m_positionAtStart = getActivePosition().getValue();
 }
 
@@ -886,7 +861,7 @@ void SoTopLevelDialog::drag3D()
   if (!m_draggingTitle) {
     return;
   }
-  const SbVec3f moved = projectPointer() - m_dragStart;
+  const SbVec3f moved = getPointer3D() + get3DParentTranslation() - m_dragStart;
   m_movedSinceMinimized = m_movedSinceMinimized || !minimized.getValue();
   getActivePosition().setValue(m_positionAtStart + SbVec3f(moved[0], -moved[1], 0.0F));
 }

@@ -158,7 +158,7 @@ public:
   void applyAuditor(SoQuillform* caller) override;
 
   /// Reports every control of the dialog once, so that auditors see the initial values.
-  void applyAuditors();
+  void applyAuditors() override;
 
   /// The first element, depth first, whose auditorID is \a id; nullptr when there is none. The dialog itself
   /// is not compared.
@@ -181,7 +181,7 @@ public:
   void updateDialogBuild(int asWidget);
 
   /// Builds the dialog anew in the forms it has; called when its contents have changed.
-  void updateAfterSceneGraphChange();
+  void updateAfterSceneGraphChange() override;
 
   /// Builds the children into the window.
   void updateChildren();
@@ -263,7 +263,6 @@ private:
   void connectPositions();
   SoSFVec3f& getActivePosition();
   SbVec3f getOrigin();
-  SbVec3f projectPointer();
 
   SoChildElements m_children;     // in the node kit's own child list
   QPointer<QWidget> m_base;       // the window, or the parent taken over

@@ -145,8 +145,8 @@ void SoDialogPushButton::placeWidgets()
 void SoDialogPushButton::updateButtonWidget()
 {
   if (auto* relay = getRelay<SoDialogQPushButton>()) {
-    const int column = labelVisibility.getValue() ? getLabelSize()[0] + 2 : 0;
-    relay->buttonWidgetPos(column + 2, 3, width.getValue() - 6 - column, height.getValue() - 6);
+    const QRect rect = getButtonRect();
+    relay->buttonWidgetPos(rect.x(), rect.y(), rect.width(), rect.height());
   }
 }
 

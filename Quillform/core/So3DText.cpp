@@ -17,13 +17,6 @@ namespace {
 /// The text size at which a 3D text stands on the line like a text of the library's font.
 constexpr float standardFontSize = 11.0F;
 
-/// Height of a line and of its part above the baseline, in scene units.
-struct LineMetrics {
-  float height;
-  float ascent;
-  float fontSize;
-};
-
 float findFontSize(const SoGroup* group)
 {
   float size = standardFontSize;
@@ -36,7 +29,9 @@ float findFontSize(const SoGroup* group)
   return size > 0.0F ? size : standardFontSize;
 }
 
-LineMetrics getLineMetrics(const SoGroup* properties)
+} // namespace
+
+So3DText::LineMetrics So3DText::getLineMetrics(const SoGroup* properties)
 {
   const float fontSize = findFontSize(properties);
   const float scale = fontSize / standardFontSize;
@@ -46,8 +41,6 @@ LineMetrics getLineMetrics(const SoGroup* properties)
   const QFontMetricsF metrics(SoQuillform::getQuillformFont());
   return {static_cast<float>(metrics.height()) * scale, static_cast<float>(metrics.ascent()) * scale, fontSize};
 }
-
-} // namespace
 
 void So3DText::attach(SoGroup* group, SoGroup* properties, SoNode* look)
 {
@@ -86,6 +79,11 @@ void So3DText::forgetExtent()
 const SbBox3f& So3DText::getExtent() const
 {
   return m_extent;
+}
+
+float So3DText::getRight() const
+{
+  return m_right;
 }
 
 SoText3* So3DText::getNode() const
@@ -138,6 +136,7 @@ void So3DText::fit(const QRect& rect, const SbVec2i32& frameSize, int alignment,
   const float x = alignment == SoQuillform::LEFT     ? left - m_extent.getMin()[0] * xScale
                   : alignment == SoQuillform::CENTER ? left + room * 0.5F
                                                      : left + room;
+  m_right = m_extent.isEmpty() ? x : x + m_extent.getMax()[0] * xScale;
   const float firstLineTop = top - (roomHeight - textHeight * yScale) * 0.5F;
   m_transform->translation.setValue(x, firstLineTop - line.ascent * yScale, z);
   m_transform->scaleFactor.setValue(xScale, yScale, 1.0F);

@@ -37,7 +37,18 @@ public:
   /// Extent at natural size as last measured; empty before.
   const SbBox3f& getExtent() const;
 
+  /// The right end of the widest line where the text was last placed, in the coordinates of the frame.
+  float getRight() const;
+
   SoText3* getNode() const;
+
+  /// A line of text with the properties that a group holds, in scene units.
+  struct LineMetrics {
+    float height;   ///< from one baseline to the next
+    float ascent;   ///< from the top of the line to its baseline
+    float fontSize; ///< nominal
+  };
+  static LineMetrics getLineMetrics(const SoGroup* properties);
 
 private:
   void measure(SoGetBoundingBoxAction* action);
@@ -47,6 +58,7 @@ private:
   SoGroup* m_properties = nullptr;
   SbBox3f m_extent; // of the text at natural size; empty when not measured
   bool m_measured = false;
+  float m_right = 0.0F; // see getRight
 };
 
 #endif // QUILLFORM_SO3DTEXT_H

@@ -30,9 +30,21 @@ SoDialogComponent* toComponent(SoTopComponent* child)
   return dynamic_cast<SoDialogComponent*>(child);
 }
 
+/// A row is as high as the higher of its label and its control.
+int getRowHeight(SoDialogComponent* component)
+{
+  const int labelHeight = component->labelVisibility.getValue() ? component->getLabelInitSize()[1] : 0;
+  return std::max(component->getComponentInitSize()[1], labelHeight);
+}
+
 } // namespace
 
 SoBoxModel::SoBoxModel(int axis) : m_axis(axis) {}
+
+void SoBoxModel::setAxis(int axis)
+{
+  m_axis = axis;
+}
 
 void SoBoxModel::clear()
 {
@@ -105,20 +117,34 @@ const SbVec2i32& SoBoxModel::getChildSize(std::size_t index) const
   return m_entries[index].size;
 }
 
-std::vector<QRect> SoBoxModel::plan(const Children& children, const QSize& size, int spacing, bool verticalCells) const
+std::unique_ptr<QBoxLayout> SoBoxModel::createPlan(const Children& children, std::vector<QRect>& rects, int spacing,
+                                                   int margin, bool verticalCells) const
 {
-  std::vector<QRect> rects(children.size());
-  QBoxLayout layout(m_axis == 1 ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-  layout.setContentsMargins(0, 0, 0, 0);
-  layout.setSpacing(spacing);
+  rects.resize(children.size());
+  auto layout = std::make_unique<QBoxLayout>(m_axis == 1 ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  layout->setContentsMargins(margin, margin, margin, margin);
+  layout->setSpacing(spacing);
   for (std::size_t i = 0; i < children.size(); i++) {
     if (SoDialogComponent* component = toComponent(children[i])) {
       const SbVec2i32& wanted = m_entries[i].size;
-      layout.addItem(component->createPlannedCell(QSize(wanted[0], wanted[1]), rects[i], verticalCells));
+      layout->addItem(component->createPlannedCell(QSize(wanted[0], wanted[1]), rects[i], verticalCells));
     }
   }
-  layout.setGeometry(QRect(QPoint(0, 0), size));
+  return layout;
+}
+
+std::vector<QRect> SoBoxModel::plan(const Children& children, const QSize& size, int spacing, int margin,
+                                    bool verticalCells) const
+{
+  std::vector<QRect> rects;
+  createPlan(children, rects, spacing, margin, verticalCells)->setGeometry(QRect(QPoint(0, 0), size));
   return rects;
+}
+
+QSize SoBoxModel::planMinimum(const Children& children, int spacing, int margin, bool verticalCells) const
+{
+  std::vector<QRect> rects;
+  return createPlan(children, rects, spacing, margin, verticalCells)->minimumSize();
 }
 
 void SoBoxModel::order(const Children& children, QBoxLayout* layout)
@@ -126,7 +152,7 @@ void SoBoxModel::order(const Children& children, QBoxLayout* layout)
   int index = 0;
   for (SoTopComponent* child : children) {
     SoDialogComponent* component = toComponent(child);
-    QBoxLayout* cell = component ? component->getLayout() : nullptr;
+    QBoxLayout* cell = component ? component->getCell() : nullptr;
     if (!cell || !layout) {
       continue;
     }
@@ -140,7 +166,7 @@ void SoBoxModel::order(const Children& children, QBoxLayout* layout)
   }
 }
 
-int SoBoxModel::getLabelColumn(const Children& children)
+void SoBoxModel::giveCommonLabelColumn(const Children& children, HiddenLabels hidden)
 {
   int column = 0;
   for (SoTopComponent* child : children) {
@@ -149,10 +175,26 @@ int SoBoxModel::getLabelColumn(const Children& children)
       column = std::max(column, component->getLabelInitSize()[0]);
     }
   }
-  return column;
+  for (SoTopComponent* child : children) {
+    if (SoDialogComponent* component = toComponent(child)) {
+      const bool hasHeight = component->labelVisibility.getValue() || hidden == HIDDEN_LABELS_KEEP_HEIGHT;
+      SbVec2i32 size(column, hasHeight ? component->getLabelInitSize()[1] : 0);
+      component->setLabelSize(size);
+    }
+  }
 }
 
-int SoBoxModel::getComponentColumn(const Children& children)
+void SoBoxModel::giveOwnLabelSizes(const Children& children)
+{
+  for (SoTopComponent* child : children) {
+    if (SoDialogComponent* component = toComponent(child)) {
+      SbVec2i32 size = component->labelVisibility.getValue() ? component->getLabelInitSize() : SbVec2i32(0, 0);
+      component->setLabelSize(size);
+    }
+  }
+}
+
+void SoBoxModel::giveCommonComponentColumn(const Children& children)
 {
   int column = 0;
   for (SoTopComponent* child : children) {
@@ -160,5 +202,20 @@ int SoBoxModel::getComponentColumn(const Children& children)
       column = std::max(column, component->getComponentInitSize()[0]);
     }
   }
-  return column;
+  for (SoTopComponent* child : children) {
+    if (SoDialogComponent* component = toComponent(child)) {
+      SbVec2i32 size(column, getRowHeight(component));
+      component->setComponentSize(size);
+    }
+  }
+}
+
+void SoBoxModel::giveOwnComponentSizes(const Children& children)
+{
+  for (SoTopComponent* child : children) {
+    if (SoDialogComponent* component = toComponent(child)) {
+      SbVec2i32 size(component->getComponentInitSize()[0], getRowHeight(component));
+      component->setComponentSize(size);
+    }
+  }
 }

@@ -5,6 +5,7 @@
 #include <QRect>
 #include <QSize>
 #include <Quillform/Export.h>
+#include <memory>
 #include <vector>
 
 class QBoxLayout;
@@ -15,6 +16,9 @@ class QUILLFORM_API SoBoxModel {
 public:
   /// \a axis is 0 for children side by side, 1 for children one below the other.
   explicit SoBoxModel(int axis);
+
+  /// Changes the axis; for a container that knows it only once it is constructed.
+  void setAxis(int axis);
 
   using Children = std::vector<SoTopComponent*>;
 
@@ -35,20 +39,38 @@ public:
   /// The size wanted for a child.
   const SbVec2i32& getChildSize(std::size_t index) const;
 
-  /// The rectangles of the children inside a container of \a size, as a layout of the window places them.
-  std::vector<QRect> plan(const Children& children, const QSize& size, int spacing, bool verticalCells) const;
+  /// The rectangles of the children inside a container of \a size, as a layout of the window with \a margin pixels
+  /// on every side places them.
+  std::vector<QRect> plan(const Children& children, const QSize& size, int spacing, int margin,
+                          bool verticalCells) const;
+
+  /// The smallest size that such a layout accepts.
+  QSize planMinimum(const Children& children, int spacing, int margin, bool verticalCells) const;
 
   /// Brings the cells of \a children in \a layout into the order of the list.
   static void order(const Children& children, QBoxLayout* layout);
 
-  /// \name Common columns
+  /// \name Alignment of labels and controls
   /// @{
-  /// The widest visible label and the widest control of \a children.
-  static int getLabelColumn(const Children& children);
-  static int getComponentColumn(const Children& children);
+
+  /// What a child whose label is hidden gets for the height of its label.
+  enum HiddenLabels { HIDDEN_LABELS_HAVE_NO_HEIGHT, HIDDEN_LABELS_KEEP_HEIGHT };
+
+  /// Gives all children a label column as wide as the widest visible label.
+  static void giveCommonLabelColumn(const Children& children, HiddenLabels hidden);
+
+  /// Gives all children a control column as wide as the widest control, and each its own height.
+  static void giveCommonComponentColumn(const Children& children);
+
+  /// Gives every child the label and the control size that it needs itself.
+  static void giveOwnLabelSizes(const Children& children);
+  static void giveOwnComponentSizes(const Children& children);
   /// @}
 
 private:
+  std::unique_ptr<QBoxLayout> createPlan(const Children& children, std::vector<QRect>& rects, int spacing, int margin,
+                                         bool verticalCells) const;
+
   struct Entry {
     SbVec2i32 size{0, 0};
     SbVec2i32 min{0, 0};

@@ -73,6 +73,13 @@ void SoDialogComponent::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i3
 
 void SoDialogComponent::getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
 {
+  getSizeWith(size, min, max, [this](SbVec2i32& defaultSize, SbVec2i32& defaultMin, SbVec2i32& defaultMax) {
+    getDefaultSize(defaultSize, defaultMin, defaultMax);
+  });
+}
+
+void SoDialogComponent::getSizeWith(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, const GetDefaultSize& getDefaults)
+{
   const auto pixels = [](const SoSFInt32& field) {
     return std::clamp(field.getValue(), 0, QWIDGETSIZE_MAX);
   };
@@ -86,7 +93,7 @@ void SoDialogComponent::getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
     SbVec2i32 defaultSize(0, 0);
     SbVec2i32 defaultMin(0, 0);
     SbVec2i32 defaultMax(0, 0);
-    getDefaultSize(defaultSize, defaultMin, defaultMax);
+    getDefaults(defaultSize, defaultMin, defaultMax);
     for (int i = 0; i < 2; i++) {
       size[i] = size[i] != 0 ? size[i] : defaultSize[i];
       min[i] = min[i] != 0 ? min[i] : defaultMin[i];
@@ -249,6 +256,7 @@ SbVec2i32 SoDialogComponent::chooseSize(const SbVec2i32& wanted)
   SbVec2i32 min(0, 0);
   SbVec2i32 max(0, 0);
   getSize(chosen, min, max);
+  m_ownSize = chosen;
   for (int i = 0; i < 2; i++) {
     if (wanted[i] != 0) {
       chosen[i] = std::min(max[i], std::max(min[i], wanted[i]));
@@ -392,9 +400,14 @@ QLayoutItem* SoDialogComponent::createPlannedCell(const QSize& hint, QRect& rect
   chooseSize({hint.width(), hint.height()}); // the limits follow from it
   std::unique_ptr<QSpacerItem> spacer;
   QBoxLayout* cell = createCell(verticalCell, spacer);
-  cell->addItem(new SoPlannedItem(hint, getCellLimits(), rect));
+  cell->addItem(new SoPlannedItem(hint, getPlannedMinimum(), getCellLimits(), rect));
   cell->addItem(spacer.release());
   return cell;
+}
+
+QSize SoDialogComponent::getPlannedMinimum()
+{
+  return {0, 0};
 }
 
 void SoDialogComponent::widgetResized(int newWidth, int newHeight)
@@ -446,6 +459,11 @@ QWidget* SoDialogComponent::getWidget() const
 }
 
 QBoxLayout* SoDialogComponent::getLayout() const
+{
+  return m_cell;
+}
+
+QBoxLayout* SoDialogComponent::getCell() const
 {
   return m_cell;
 }
@@ -544,6 +562,12 @@ QRect SoDialogComponent::getSideLabelRect(int frameHeight) const
   const int textHeight = getLabelPixelSize(label.getValue(), this)[1];
   // Centred in 3 pixels more than the control is: this is meant.
   return {3, (frameHeight - 3 - textHeight) / 2 + 3, m_labelSize[0], textHeight};
+}
+
+QRect SoDialogComponent::getButtonRect() const
+{
+  const int column = labelVisibility.getValue() ? m_labelSize[0] + 2 : 0;
+  return {column + 2, 3, width.getValue() - 6 - column, height.getValue() - 6};
 }
 
 void SoDialogComponent::placeSideLabel()

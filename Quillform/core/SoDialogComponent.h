@@ -9,6 +9,7 @@
 #include <Quillform/core/SoDialogQFrame.h>
 #include <Quillform/core/SoSkinFile.h>
 #include <Quillform/core/SoTopComponent.h>
+#include <functional>
 #include <memory>
 
 class QLayoutItem;
@@ -152,8 +153,11 @@ public:
   /// The component's frame, or the parent widget while that is being made; nullptr before the build.
   QWidget* getWidget() const;
 
-  /// The layout of the component's cell; nullptr before the build.
+  /// The component's layout, its cell unless a class has one of its own; nullptr before the build.
   virtual QBoxLayout* getLayout() const;
+
+  /// The component's place in its parent's layout; nullptr before the build.
+  QBoxLayout* getCell() const;
 
   /// Prepares the component's cell in its parent's layout.
   void createComponentWidget(QWidget* parent);
@@ -167,6 +171,9 @@ public:
   /// The component's cell as it stands in a layout of the window, for planning the 3D form; the caller owns it.
   /// \a hint is the size wanted for the component, and its final rectangle is stored in \a rect.
   QLayoutItem* createPlannedCell(const QSize& hint, QRect& rect, bool verticalCell);
+
+  /// What the contents of the component's frame need at the least, in a layout.
+  virtual QSize getPlannedMinimum();
 
   /// Tells the frame, if there is one, how large it should be.
   void setPlannedSize(const SbVec2i32& size);
@@ -189,6 +196,11 @@ protected:
     return static_cast<Relay*>(static_cast<QFrame*>(m_frame.data()));
   }
 
+  using GetDefaultSize = std::function<void(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)>;
+
+  /// getSize with what \a getDefaults answers where a sizing field is 0.
+  void getSizeWith(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, const GetDefaultSize& getDefaults);
+
   /// The minimum in the sizing fields, as far as the maximum leaves room for it.
   QSize getSmallestSize() const;
 
@@ -204,10 +216,11 @@ protected:
   /// \name The label beside the control
   /// Most controls have one; their own operations come down to these.
   /// @{
-  void showSideLabel();                          ///< gives the relay the label's text
-  void alignSideLabel();                         ///< gives the relay the label's alignment
-  void placeSideLabel();                         ///< places the relay's label
-  QRect getSideLabelRect(int frameHeight) const; ///< its rectangle, from the component's top-left corner
+  void showSideLabel();        ///< gives the relay the label's text
+  void alignSideLabel();       ///< gives the relay the label's alignment
+  void placeSideLabel();       ///< places the relay's label
+  QRect getButtonRect() const; ///< what a button or check box gets beside the label, in the relay
+  virtual QRect getSideLabelRect(int frameHeight) const; ///< its rectangle, from the component's top-left corner
   /// @}
 
   /// \name The 3D form
@@ -237,6 +250,7 @@ protected:
   SbVec2i32 m_componentSize{0, 0}; ///< see setComponentSize
   SbVec2i32 m_labelInitSize{0, 0}; ///< last result of getLabelInitSize
   SbVec2i32 m_initSize{-1, -1};    ///< cache of getComponentInitSize in the controls; width -1 is not computed
+  SbVec2i32 m_ownSize{0, 0};       ///< the size at the last build before the container asked for another
   SbVec2i32 m_position{0, 0};      ///< given to the last build
 
 private:

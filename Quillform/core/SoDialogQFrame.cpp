@@ -16,6 +16,11 @@ void SoDialogQFrame::forgetOwner()
   m_owner = nullptr;
 }
 
+SoDialogComponent* SoDialogQFrame::getOwner() const
+{
+  return m_owner;
+}
+
 void SoDialogQFrame::setComputedSize(const QSize& size)
 {
   if (size != m_computedSize) {

@@ -28,15 +28,18 @@ public:
   QSize sizeHint() const override;
 
   void setLabel(const QString& text);
-  void setAlignment(Qt::Alignment alignment);
+  virtual void setAlignment(Qt::Alignment alignment);
   void setLabelVisibility(bool visible);
-  void labelWidgetPos(int x, int y, int w, int h);
+  virtual void labelWidgetPos(int x, int y, int w, int h);
   QLabel* getLabel() const;
 
   static Qt::Alignment toQt(int labelAlignment);
 
 protected:
   void resizeEvent(QResizeEvent* event) override;
+
+  /// The node; nullptr once it is gone.
+  SoDialogComponent* getOwner() const;
 
   /// Reports a user action to the node, which stays alive until it has been handled.
   void notifyOwner(unsigned int event, unsigned long data);

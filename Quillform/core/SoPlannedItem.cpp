@@ -1,27 +1,29 @@
 #include <Quillform/core/SoPlannedItem.h>
 
-SoPlannedItem::SoPlannedItem(const QSize& hint, const SoCellLimits& limits, QRect& rect)
-    : m_hint(hint), m_limits(limits), m_rect(rect)
+SoPlannedItem::SoPlannedItem(const QSize& hint, const QSize& minimumHint, const SoCellLimits& limits, QRect& rect)
+    : m_hint(hint), m_minimumHint(minimumHint), m_limits(limits), m_rect(rect)
 {
 }
 
 QSize SoPlannedItem::sizeHint() const
 {
-  return m_hint.boundedTo(m_limits.maximum).expandedTo(m_limits.minimum);
+  return m_hint.expandedTo(m_minimumHint).boundedTo(m_limits.maximum).expandedTo(m_limits.minimum);
 }
 
 QSize SoPlannedItem::minimumSize() const
 {
   // As a layout asks a widget: an explicit minimum wins, a fixed policy keeps the hint, and what may shrink
-  // may shrink to nothing.
-  const auto smallest = [](QSizePolicy::Policy policy, int hint, int minimum, int maximum) {
+  // may shrink to what its contents need.
+  const auto smallest = [](QSizePolicy::Policy policy, int hint, int minimumHint, int minimum, int maximum) {
     if (minimum > 0) {
       return minimum;
     }
-    return policy == QSizePolicy::Fixed ? qMin(hint, maximum) : 0;
+    return qMin(policy == QSizePolicy::Fixed ? qMax(hint, minimumHint) : minimumHint, maximum);
   };
-  return {smallest(m_limits.horizontal, m_hint.width(), m_limits.minimum.width(), m_limits.maximum.width()),
-          smallest(m_limits.vertical, m_hint.height(), m_limits.minimum.height(), m_limits.maximum.height())};
+  return {smallest(m_limits.horizontal, m_hint.width(), m_minimumHint.width(), m_limits.minimum.width(),
+                   m_limits.maximum.width()),
+          smallest(m_limits.vertical, m_hint.height(), m_minimumHint.height(), m_limits.minimum.height(),
+                   m_limits.maximum.height())};
 }
 
 QSize SoPlannedItem::maximumSize() const

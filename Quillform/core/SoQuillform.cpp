@@ -14,6 +14,7 @@
 #include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoTransform.h>
 #include <Inventor/nodes/SoTranslation.h>
+#include <Inventor/projectors/SbPlaneProjector.h>
 #include <QApplication>
 #include <Quillform/auditors/SoAuditor.h>
 #include <Quillform/core/SoAuditorLists.h>
@@ -134,6 +135,13 @@ void SoQuillform::forgetAuditor(SoAuditor* auditor)
 
 void SoQuillform::applyDlgCptAuditor() {}
 
+void SoQuillform::applyAuditors()
+{
+  if (m_parent) {
+    m_parent->applyAuditor(this);
+  }
+}
+
 // Place in the dialog
 
 void SoQuillform::setParent(SoQuillform* parent)
@@ -246,6 +254,7 @@ void SoQuillform::updateFromSensor(SoSensor* sensor)
 
 void SoQuillform::applyAuditor(SoQuillform* /*caller*/) {}
 void SoQuillform::resetSize() {}
+void SoQuillform::updateAfterSceneGraphChange() {}
 
 QBoxLayout* SoQuillform::getLayoutFor(const SoQuillform* /*child*/) const
 {
@@ -551,6 +560,14 @@ SbBool SoQuillform::isUnderPointer(SoNode* node)
   SoHandleEventAction* action = SoEventScope::getAction();
   const SoPickedPoint* point = action ? action->getPickedPoint() : nullptr;
   return node && point && point->getPath()->findNode(node) >= 0;
+}
+
+SbVec3f SoQuillform::getPointer3D()
+{
+  SbPlaneProjector projector(SbPlane(SbVec3f(0.0F, 0.0F, 1.0F), getLocalStartingPoint()));
+  projector.setViewVolume(getViewVolume());
+  projector.setWorkingSpace(getLocalToWorldMatrix());
+  return projector.project(getNormalizedLocaterPosition()) - m_parentTranslation;
 }
 
 // Files and copies

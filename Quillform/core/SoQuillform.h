@@ -164,6 +164,9 @@ public:
 
   int getAuditorListLength() const;
 
+  /// Reports the element to its container once, as if the user had operated it; a container reports its children.
+  virtual void applyAuditors();
+
   /// Takes an auditor that is being deleted out of every list that holds it.
   static void forgetAuditor(SoAuditor* auditor);
 
@@ -256,6 +259,9 @@ public:
   virtual void applyAuditor(SoQuillform* caller);
 
   virtual void resetSize();
+
+  /// The contents of this element, or of one inside it, have changed: the dialog around it is built anew.
+  virtual void updateAfterSceneGraphChange();
 
   /// The layout into which \a child builds its widgets; nullptr when this element holds none.
   virtual QBoxLayout* getLayoutFor(const SoQuillform* child) const;
@@ -366,6 +372,10 @@ protected:
   /// TRUE when the point under the pointer lies below \a node. At a release the pick is made anew, so that a
   /// press that is released elsewhere is told apart.
   SbBool isUnderPointer(SoNode* node);
+
+  /// Where the pointer is, during a press or drag: in the plane of the point that was pressed, relative to the
+  /// element's origin.
+  SbVec3f getPointer3D();
 
   /// Makes presses on the element reach press3D, drag3D and release3D. Called once, with the 3D form.
   void listenToPointer3D();

@@ -3,9 +3,20 @@
 #include <Quillform/core/SoQuillformClasses.h>
 
 #include <Quillform/auditors/SoAuditor.h>
+#include <Quillform/containers/SoColumnDialog.h>
+#include <Quillform/containers/SoRowDialog.h>
 #include <Quillform/containers/SoTopLevelDialog.h>
+#include <Quillform/controls/SoDialogCheckBox.h>
+#include <Quillform/controls/SoDialogChoice.h>
+#include <Quillform/controls/SoDialogComboBox.h>
+#include <Quillform/controls/SoDialogCustom.h>
+#include <Quillform/controls/SoDialogEditText.h>
+#include <Quillform/controls/SoDialogIntegerSlider.h>
 #include <Quillform/controls/SoDialogLabel.h>
 #include <Quillform/controls/SoDialogPushButton.h>
+#include <Quillform/controls/SoDialogRadioButtons.h>
+#include <Quillform/controls/SoDialogRealSlider.h>
+#include <Quillform/controls/SoDialogSeparator.h>
 #include <Quillform/core/SoDialogComponent.h>
 #include <Quillform/core/SoElementKinds.h>
 #include <Quillform/core/SoTopComponent.h>
@@ -27,15 +38,20 @@ constexpr ElementClass elementClass()
 
 /// Registered forwards, unregistered backwards.
 const ElementClass classes[] = {
-  elementClass<SoQuillform>(),   elementClass<SoTopComponent>(),     elementClass<SoDialogComponent>(),
-  elementClass<SoDialogLabel>(), elementClass<SoDialogPushButton>(), elementClass<SoTopLevelDialog>(),
+  elementClass<SoQuillform>(),          elementClass<SoTopComponent>(),        elementClass<SoDialogComponent>(),
+  elementClass<SoDialogCheckBox>(),     elementClass<SoDialogChoice>(),        elementClass<SoDialogComboBox>(),
+  elementClass<SoDialogRadioButtons>(), elementClass<SoDialogCustom>(),        elementClass<SoDialogEditText>(),
+  elementClass<SoDialogGroup>(),        elementClass<SoColumnDialog>(),        elementClass<SoRowDialog>(),
+  elementClass<SoDialogLabel>(),        elementClass<SoDialogPushButton>(),    elementClass<SoDialogSeparator>(),
+  elementClass<SoDialogSlider>(),       elementClass<SoDialogIntegerSlider>(), elementClass<SoDialogRealSlider>(),
+  elementClass<SoTopLevelDialog>(),
 };
 
 /// The order in which a switch of skins reaches the classes, after the text properties.
 void (*const skinSwitches[])() = {
-  &SoDialogComponent::change3DSkin,
-  &SoDialogPushButton::change3DSkin,
-  &SoTopLevelDialog::change3DSkin,
+  &SoDialogComponent::change3DSkin,    &SoDialogCheckBox::change3DSkin, &SoDialogComboBox::change3DSkin,
+  &SoDialogRadioButtons::change3DSkin, &SoDialogEditText::change3DSkin, &SoDialogPushButton::change3DSkin,
+  &SoDialogSeparator::change3DSkin,    &SoDialogSlider::change3DSkin,   &SoTopLevelDialog::change3DSkin,
 };
 
 } // namespace
@@ -72,19 +88,20 @@ bool SoElementKinds::isTopLevelDialog(const SoQuillform* element)
   return dynamic_cast<const SoTopLevelDialog*>(element) != nullptr;
 }
 
-bool SoElementKinds::isGroup(const SoQuillform* /*element*/)
+bool SoElementKinds::isGroup(const SoQuillform* element)
 {
-  return false; // no group class is registered yet
+  return dynamic_cast<const SoDialogGroup*>(element) != nullptr;
 }
 
-bool SoElementKinds::showsRawText(const SoQuillform* /*element*/)
+bool SoElementKinds::showsRawText(const SoQuillform* element)
 {
-  return false; // no combo box is registered yet
+  return dynamic_cast<const SoDialogComboBox*>(element) != nullptr;
 }
 
-bool SoElementKinds::isSingleLineEdit(const SoQuillform* /*element*/)
+bool SoElementKinds::isSingleLineEdit(const SoQuillform* element)
 {
-  return false; // no edit text is registered yet
+  const auto* edit = dynamic_cast<const SoDialogEditText*>(element);
+  return edit && !edit->multiLine.getValue();
 }
 
 void SoElementKinds::change3DSkins()

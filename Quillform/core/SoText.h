@@ -18,6 +18,16 @@ public:
     return text.toLatin1().constData();
   }
 
+  /// The text written in such a way that SoQuillform::convertToCString gives it back.
+  static SbString withEscapes(const SbString& text)
+  {
+    std::string escaped;
+    for (const char* at = text.getString(); *at != '\0'; ++at) {
+      escaped += *at == '\\' ? "\\\\" : std::string(1, *at);
+    }
+    return escaped.c_str();
+  }
+
   /// The text as Qt shows it on a button: a single "&" marks the mnemonic letter and is not shown.
   static SbString withoutMnemonic(const SbString& text)
   {

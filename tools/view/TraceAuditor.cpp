@@ -1,6 +1,7 @@
 #include "TraceAuditor.h"
 
 #include <QString>
+#include <Quillform/controls/SoDialogEditText.h>
 #include <Quillform/controls/SoDialogPushButton.h>
 #include <cstdio>
 
@@ -52,4 +53,12 @@ void TraceAuditor::dialogPushButton(SoDialogPushButton* cpt)
     line.value("buttonLabel", buttonLabel);
   }
   line.print();
+}
+
+void TraceAuditor::dialogEditText(SoDialogEditText* cpt)
+{
+  TraceLine("dialogEditText", cpt)
+    .value("label", cpt->label.getValue())
+    .value("editText", cpt->editText.getValue())
+    .print();
 }

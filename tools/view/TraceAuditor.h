@@ -10,6 +10,7 @@
 class TraceAuditor : public SoDialogAuditor {
 public:
   void dialogPushButton(SoDialogPushButton* cpt) override;
+  void dialogEditText(SoDialogEditText* cpt) override;
 };
 
 #endif // QUILLFORM_VIEW_TRACEAUDITOR_H

@@ -1,0 +1,442 @@
+#include <Quillform/containers/SoDialogGroup.h>
+
+#include <QBoxLayout>
+#include <Quillform/auditors/SoAuditorDispatch.h>
+#include <Quillform/auditors/SoDialogGroupAuditor.h>
+#include <Quillform/controls/SoDialogSeparator.h>
+#include <Quillform/core/SoDialogQFrame.h>
+#include <algorithm>
+
+SO_QUILLFORM_SOURCE(SoDialogGroup, "DialogGroup")
+
+namespace {
+
+constexpr int edgeMargin = 3; // between a visible edge and the children
+constexpr int edgeLine = 1;   // the visible edge itself
+
+/// The frame into which the children of a group build.
+class GroupFrame : public SoDialogQFrame {
+public:
+  GroupFrame(QWidget* parent, SoDialogComponent* owner) : SoDialogQFrame(parent, owner, "SoDialogGroup")
+  {
+    setObjectName(nameOf("GroupWidget"));
+    SoQuillform::setWidgetFont(this);
+  }
+};
+
+} // namespace
+
+SoDialogGroup::SoDialogGroup()
+    : m_children(this, {SoDialogComponent::getClassTypeId,
+                        [this] {
+                          updateAfterSceneGraphChange();
+                        }}),
+      m_box(1)
+{
+  SO_QUILLFORM_CONSTRUCTOR(SoDialogGroup);
+
+  SO_QUILLFORM_ADD_FIELD(windowResizedByChildren, (TRUE));
+  SO_QUILLFORM_ADD_FIELD(margin, (0));
+  SO_QUILLFORM_ADD_FIELD(vScrollVisibility, (AUTO));
+  SO_QUILLFORM_ADD_FIELD(hScrollVisibility, (AUTO));
+  if (SO_KIT_IS_FIRST_INSTANCE()) {
+    SO_NODE_DEFINE_ENUM_VALUE(ScrollVisibility, NEVER);
+    SO_NODE_DEFINE_ENUM_VALUE(ScrollVisibility, ALWAYS);
+    SO_NODE_DEFINE_ENUM_VALUE(ScrollVisibility, AUTO);
+  }
+  SO_NODE_SET_SF_ENUM_TYPE(vScrollVisibility, ScrollVisibility);
+  SO_NODE_SET_SF_ENUM_TYPE(hScrollVisibility, ScrollVisibility);
+  SO_KIT_INIT_INSTANCE();
+}
+
+SoDialogGroup::~SoDialogGroup() = default;
+
+SoChildElements* SoDialogGroup::getChildElements()
+{
+  return &m_children;
+}
+
+SoChildElements& SoDialogGroup::elements()
+{
+  return m_children;
+}
+
+SbBool SoDialogGroup::readChildren(SoInput* in)
+{
+  return m_children.readChildren(in);
+}
+
+SoBoxModel::Children SoDialogGroup::getComponents() const
+{
+  SoBoxModel::Children components;
+  for (int i = 0; i < getNumChildren(); i++) {
+    components.push_back(getChild(i));
+  }
+  return components;
+}
+
+// Auditors
+
+void SoDialogGroup::addAuditor(SoDialogAuditor* auditor)
+{
+  inherited::addAuditor(auditor);
+}
+
+void SoDialogGroup::removeAuditor(SoDialogAuditor* auditor)
+{
+  inherited::removeAuditor(auditor);
+}
+
+void SoDialogGroup::applyAuditor(SoQuillform* caller)
+{
+  if (getAuditorListLength() == 0 && getParent()) {
+    getParent()->applyAuditor(caller);
+    return;
+  }
+  SoAuditorDispatch::applyDialogAuditors(this, m_defaultAuditor.get(), caller, SoAuditorDispatch::CONTROLS);
+}
+
+void SoDialogGroup::applyAuditors()
+{
+  SoAuditorDispatch::applyToChildren(this);
+}
+
+SoQuillform* SoDialogGroup::searchForAuditorId(SbString id)
+{
+  return SoAuditorDispatch::searchForAuditorId(this, id);
+}
+
+// What the derived classes settle
+
+int SoDialogGroup::getAxis() const
+{
+  return -1;
+}
+
+int SoDialogGroup::getSpacing() const
+{
+  return 0;
+}
+
+QBoxLayout* SoDialogGroup::createGroupLayout(QWidget* frame)
+{
+  return new QVBoxLayout(frame);
+}
+
+void SoDialogGroup::addEdge(SbVec2i32& size, int times)
+{
+  constexpr int edge = 6;
+  for (int i = 0; i < 2; i++) {
+    if (times != 1) {
+      size[i] += edge * times;
+    }
+    else {
+      size[i] = size[i] < unbounded - edge + 1 ? size[i] + edge : unbounded;
+    }
+  }
+}
+
+void SoDialogGroup::fixSizeWithBorder(SbVec2i32& /*size*/, int /*times*/) {}
+void SoDialogGroup::setChildrenComponentSize() {}
+void SoDialogGroup::setChildrenLabelSize() {}
+
+// Sizes
+
+void SoDialogGroup::setLabelSize(SbVec2i32& size)
+{
+  inherited::setLabelSize(size);
+  setChildrenLabelSize();
+}
+
+void SoDialogGroup::setComponentSize(SbVec2i32& size)
+{
+  inherited::setComponentSize(size);
+  setChildrenComponentSize();
+}
+
+SbVec2i32 SoDialogGroup::getLabelInitSize()
+{
+  return {0, 0}; // a group shows no label of its own
+}
+
+SbVec2i32 SoDialogGroup::getComponentInitSize()
+{
+  if (m_initSize[0] != -1) {
+    return m_initSize;
+  }
+  const int along = std::max(getAxis(), 0);
+  const int across = 1 - along;
+  // Across the children the margin is a lower bound, not added: this is meant.
+  m_initSize.setValue(2 * margin.getValue(), 2 * margin.getValue());
+  const SoBoxModel::Children children = getComponents();
+  setChildrenLabelSize();
+  for (SoTopComponent* child : children) {
+    if (auto* separator = dynamic_cast<SoDialogSeparator*>(child)) {
+      separator->setOrientationHorz(along == 1 ? TRUE : FALSE);
+    }
+    const SbVec2i32 natural = static_cast<SoDialogComponent*>(child)->getComponentInitSize();
+    m_initSize[across] = std::max(m_initSize[across], natural[across]);
+    m_initSize[along] += natural[along];
+  }
+  m_initSize[along] += (static_cast<int>(children.size()) - 1) * getSpacing();
+  return m_initSize;
+}
+
+void SoDialogGroup::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+{
+  m_box.setAxis(std::max(getAxis(), 0));
+  m_box.measure(getComponents());
+  m_box.getTotal(size, min, max, margin.getValue(), getSpacing(), 0);
+}
+
+void SoDialogGroup::getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+{
+  getSizeWith(size, min, max, [this](SbVec2i32& defaultSize, SbVec2i32& defaultMin, SbVec2i32& defaultMax) {
+    getDefaultSize(defaultSize, defaultMin, defaultMax);
+    fixSizeWithBorder(defaultSize, 1);
+    fixSizeWithBorder(defaultMin, 1);
+    fixSizeWithBorder(defaultMax, 1);
+  });
+}
+
+SoCellLimits SoDialogGroup::getCellLimits() const
+{
+  SoCellLimits limits = inherited::getCellLimits();
+  limits.maximum = QSize(fixedWidth.getValue() ? width.getValue() : maxWidth.getValue(),
+                         fixedHeight.getValue() ? height.getValue() : maxHeight.getValue());
+  return limits;
+}
+
+void SoDialogGroup::resetSize()
+{
+  inherited::resetSize();
+  for (SoTopComponent* child : getComponents()) {
+    child->resetSize();
+  }
+}
+
+void SoDialogGroup::restoreAuthoredSizes()
+{
+  inherited::restoreAuthoredSizes();
+  for (SoTopComponent* child : getComponents()) {
+    child->restoreAuthoredSizes();
+  }
+}
+
+void SoDialogGroup::computeNewChildrenHeight(SbVec2i32& newSize)
+{
+  distribute(newSize, 1);
+}
+
+void SoDialogGroup::computeNewChildrenWidth(SbVec2i32& newSize)
+{
+  distribute(newSize, 0);
+}
+
+void SoDialogGroup::distribute(const SbVec2i32& newSize, int axis)
+{
+  SbVec2i32 defaultSize(0, 0);
+  SbVec2i32 min(0, 0);
+  SbVec2i32 max(0, 0);
+  getDefaultSize(defaultSize, min, max);
+  fixSizeWithBorder(defaultSize, 1);
+  m_box.distribute(newSize[axis], defaultSize[axis]);
+}
+
+void SoDialogGroup::updateAfterSceneGraphChange()
+{
+  if (windowResizedByChildren.getValue()) {
+    restoreAuthoredSizes();
+  }
+  m_box.clear();
+  m_initSize.setValue(-1, -1);
+  m_labelInitSize.setValue(0, 0);
+  if (getParent() && getParent()->canBeTraversed() != 0) {
+    getParent()->updateAfterSceneGraphChange();
+  }
+}
+
+// Building
+
+QBoxLayout* SoDialogGroup::getLayoutFor(const SoQuillform* /*child*/) const
+{
+  return m_groupLayout;
+}
+
+int SoDialogGroup::getContentsMargin() const
+{
+  return edgeStyle.getValue() != NONE ? edgeMargin : 0;
+}
+
+int SoDialogGroup::getPlannedMargin() const
+{
+  return getContentsMargin() + (edgeStyle.getValue() != NONE ? edgeLine : 0);
+}
+
+QSize SoDialogGroup::getPlannedMinimum()
+{
+  m_box.measure(getComponents());
+  return m_box.planMinimum(getComponents(), getSpacing(), getPlannedMargin(), hasVerticalCells());
+}
+
+void SoDialogGroup::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
+{
+  inherited::buildWidget(parent, size, position, asWidget);
+  // Only what the author asks for is spread here; what the container adds is spread by the layout.
+  distribute(m_ownSize, std::max(getAxis(), 0));
+  if (asWidget != 0) {
+    if (!getRelay<GroupFrame>()) {
+      createGroupWidget();
+    }
+    updateChildren();
+  }
+  else {
+    update3DChildren();
+    if (!getParent() && !m_defaultAuditor) {
+      m_defaultAuditor = std::make_unique<SoDialogGroupAuditor>();
+    }
+  }
+  if (!m_isEnableApplied) {
+    m_isEnableApplied = true;
+    changeWidgetEnable(enable.getValue());
+  }
+  if (asWidget == 0) {
+    change3DWidgetEnable(isEnabledByParents());
+  }
+  m_watched.watch(windowResizedByChildren);
+}
+
+void SoDialogGroup::createGroupWidget()
+{
+  auto* frame = new GroupFrame(getWidget(), this);
+  setFrame(frame);
+  addFrameToCell();
+  m_groupLayout = createGroupLayout(frame);
+  m_groupLayout->setSpacing(0);
+  m_groupLayout->setContentsMargins(0, 0, 0, 0);
+  changeEdgeStyle();
+  changeSpacing();
+  changeEnable();
+}
+
+void SoDialogGroup::updateChildren()
+{
+  const SoBoxModel::Children children = getComponents();
+  for (std::size_t i = 0; i < children.size(); i++) {
+    SbVec2i32 size(0, 0);
+    SbVec2i32 place(0, 0);
+    children[i]->buildWidget(getWidget(), size, place, 1);
+    static_cast<SoDialogComponent*>(children[i])->setPlannedSize(m_box.getChildSize(i));
+  }
+  SoBoxModel::order(children, m_groupLayout);
+}
+
+void SoDialogGroup::destroyWidget()
+{
+  for (SoTopComponent* child : getComponents()) {
+    child->destroyWidget();
+  }
+  inherited::destroyWidget();
+}
+
+void SoDialogGroup::changeSpacing()
+{
+  if (m_groupLayout) {
+    m_groupLayout->setSpacing(getSpacing());
+  }
+}
+
+// Reactions
+
+void SoDialogGroup::updateFromSensor(SoSensor* sensor)
+{
+  inherited::updateFromSensor(sensor);
+}
+
+void SoDialogGroup::changeEdgeStyle()
+{
+  inherited::changeEdgeStyle();
+  if (m_groupLayout) {
+    const int around = getContentsMargin();
+    m_groupLayout->setContentsMargins(around, around, around, around);
+  }
+}
+
+void SoDialogGroup::changeEnable()
+{
+  inherited::changeEnable();
+  changeWidgetEnable(enable.getValue());
+}
+
+void SoDialogGroup::changeWidgetEnable(int enabled)
+{
+  for (SoTopComponent* child : getComponents()) {
+    static_cast<SoDialogComponent*>(child)->changeWidgetEnable(enabled != 0 ? enable.getValue() : 0);
+  }
+}
+
+// The 3D form
+
+void SoDialogGroup::update3D()
+{
+  update3DChildren();
+}
+
+void SoDialogGroup::update3DChildren()
+{
+  const SoBoxModel::Children children = getComponents();
+  m_plan =
+    m_box.plan(children, QSize(get3DSize()[0], get3DSize()[1]), getSpacing(), getPlannedMargin(), hasVerticalCells());
+  for (std::size_t i = 0; i < children.size(); i++) {
+    SbVec2i32 size(m_plan[i].width(), m_plan[i].height());
+    SbVec2i32 place(m_plan[i].x(), m_plan[i].y());
+    children[i]->buildWidget(nullptr, size, place, 0);
+    if (!isShown3D()) {
+      children[i]->show3D(0);
+    }
+  }
+  change3DPosition();
+}
+
+void SoDialogGroup::set3DParentTranslation(SbVec3f& translation)
+{
+  inherited::set3DParentTranslation(translation);
+  change3DPosition();
+}
+
+void SoDialogGroup::change3DPosition()
+{
+  const SoBoxModel::Children children = getComponents();
+  const SbVec2i32& size = get3DSize();
+  for (std::size_t i = 0; i < children.size() && i < m_plan.size(); i++) {
+    const QRect& rect = m_plan[i];
+    const float x = static_cast<float>(rect.x()) + static_cast<float>(rect.width() - size[0]) * 0.5F;
+    const float y = static_cast<float>(size[1] - rect.height()) * 0.5F - static_cast<float>(rect.y());
+    SbVec3f translation = get3DParentTranslation() + SbVec3f(x, y, faceHeight);
+    children[i]->set3DParentTranslation(translation);
+  }
+}
+
+void SoDialogGroup::show3D(int show)
+{
+  inherited::show3D(show);
+  for (SoTopComponent* child : getComponents()) {
+    child->show3D(show);
+  }
+}
+
+void SoDialogGroup::change3DEnable()
+{
+  inherited::change3DEnable();
+  for (SoTopComponent* child : getComponents()) {
+    child->change3DWidgetEnable(enable.getValue() && isEnabledByParents());
+  }
+}
+
+void SoDialogGroup::change3DWidgetEnable(int enabled)
+{
+  inherited::change3DWidgetEnable(enabled);
+  for (SoTopComponent* child : getComponents()) {
+    child->change3DWidgetEnable(enabled != 0 && enable.getValue() ? 1 : 0);
+  }
+}

@@ -1,0 +1,32 @@
+#ifndef QUILLFORM_SODIALOGCUSTOMSLIDER_H
+#define QUILLFORM_SODIALOGCUSTOMSLIDER_H
+
+#include <Inventor/SbColor.h>
+#include <QColor>
+#include <Quillform/platform/SoQtBasicSlider.h>
+#include <vector>
+
+/// The bar of a slider in a window, in one colour or in several.
+class QUILLFORM_API SoDialogCustomSlider : public SoQtBasicSlider {
+  Q_OBJECT
+
+public:
+  explicit SoDialogCustomSlider(QWidget* parent = nullptr);
+
+  /// The colours of the bar from left to right, copied. When \a shaded they run into each other and the bar looks
+  /// round; otherwise each takes an equal, flat part of it. Without colours the bar is that of the base class.
+  void setDrawingMethod(const SbColor* colors, int count, int shaded);
+
+protected:
+  void drawBar(QPainter& painter, const QRect& rect) override;
+
+private:
+  void drawWithOneColor(QPainter& painter, const QRect& rect) const;
+  void drawWithColorArray(QPainter& painter, const QRect& rect) const;
+  void drawSliderTopRegion(QPainter& painter, const QRect& rect) const;
+
+  std::vector<QColor> m_colors;
+  bool m_shaded = true;
+};
+
+#endif // QUILLFORM_SODIALOGCUSTOMSLIDER_H

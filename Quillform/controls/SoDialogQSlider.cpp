@@ -1,0 +1,153 @@
+#include <Quillform/controls/SoDialogQSlider.h>
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <Quillform/controls/SoDialogCustomSlider.h>
+#include <Quillform/controls/SoDialogSlider.h>
+#include <Quillform/core/SoEventScope.h>
+#include <Quillform/core/SoText.h>
+
+SoDialogQSlider::SoDialogQSlider(QWidget* parent, SoDialogSlider* owner)
+    : SoDialogQFrame(parent, owner, "SoDialogQSlider"), m_edit(new QLineEdit(this)),
+      m_bar(new SoDialogCustomSlider(this))
+{
+  createLabel();
+  m_toggle = new QCheckBox(this);
+  m_edit->setObjectName(nameOf("LineEditWidget"));
+  m_toggle->setObjectName(nameOf("ToggleWidget"));
+  SoQuillform::setWidgetFont(m_toggle);
+  SoQuillform::setWidgetFont(m_edit);
+  // The order on screen, not that of creation.
+  setTabOrder(m_toggle, m_bar);
+  setTabOrder(m_bar, m_edit);
+
+  connect(m_toggle, &QCheckBox::stateChanged, this, &SoDialogQSlider::eventNotify);
+  connect(m_edit, &QLineEdit::returnPressed, this, &SoDialogQSlider::eventNotifyPressed);
+  connect(m_edit, &QLineEdit::editingFinished, this, &SoDialogQSlider::eventNotifyEdited);
+  m_bar->addValueChangedCallback(valueChangedCallback, this);
+}
+
+SoDialogCustomSlider* SoDialogQSlider::getSlider() const
+{
+  return m_bar;
+}
+
+SoDialogSlider* SoDialogQSlider::getSliderNode() const
+{
+  return static_cast<SoDialogSlider*>(getOwner());
+}
+
+// The bar
+
+void SoDialogQSlider::setFinishReported(bool reported)
+{
+  if (reported) {
+    m_bar->addFinishCallback(finishCallback, this);
+  }
+  else {
+    m_bar->removeFinishCallback(finishCallback, this);
+  }
+}
+
+void SoDialogQSlider::valueChangedCallback(void* data, float position)
+{
+  if (SoDialogSlider* owner = static_cast<SoDialogQSlider*>(data)->getSliderNode()) {
+    const SoEventScope scope(owner);
+    owner->changeValueFromSlider(position);
+  }
+}
+
+void SoDialogQSlider::finishCallback(void* data, float /*position*/)
+{
+  if (SoDialogSlider* owner = static_cast<SoDialogQSlider*>(data)->getSliderNode()) {
+    const SoEventScope scope(owner);
+    owner->changeValueAfterFinish();
+  }
+}
+
+// The toggle
+
+bool SoDialogQSlider::isChecked() const
+{
+  return m_toggle->isChecked();
+}
+
+void SoDialogQSlider::setChecked(bool checked)
+{
+  disconnect(m_toggle, &QCheckBox::stateChanged, this, &SoDialogQSlider::eventNotify);
+  // Not setChecked: inside a click that would leave the box's published state behind.
+  m_toggle->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
+  connect(m_toggle, &QCheckBox::stateChanged, this, &SoDialogQSlider::eventNotify);
+}
+
+void SoDialogQSlider::eventNotify(int /*state*/)
+{
+  notifyOwner(1, 0);
+}
+
+// The value
+
+void SoDialogQSlider::setText(const QString& text)
+{
+  if (text != m_edit->text()) {
+    m_edit->setText(text);
+    if (!m_edit->hasFocus()) {
+      m_edit->setCursorPosition(0); // of a text that is too long, the beginning is shown
+    }
+  }
+}
+
+SbString SoDialogQSlider::getText() const
+{
+  return SoText::fromQt(m_edit->text());
+}
+
+void SoDialogQSlider::eventNotifyPressed()
+{
+  if (SoDialogSlider* owner = getSliderNode()) {
+    const SoEventScope scope(owner);
+    owner->changeSliderFromEdit();
+  }
+}
+
+void SoDialogQSlider::eventNotifyEdited()
+{
+  // What was typed without Return at the end is not the value, so it does not stay on screen.
+  SoDialogSlider* owner = getSliderNode();
+  if (owner && m_edit->window()->focusWidget() != m_edit) {
+    owner->changeEditValue();
+  }
+}
+
+// Looks
+
+void SoDialogQSlider::setToggleVisibility(bool visible)
+{
+  m_toggle->setVisible(visible);
+}
+
+void SoDialogQSlider::setEditVisibility(bool visible)
+{
+  m_edit->setVisible(visible);
+}
+
+void SoDialogQSlider::setAccessibleNames(const QString& name)
+{
+  m_bar->setAccessibleName(name);
+  m_edit->setAccessibleName(name);
+}
+
+void SoDialogQSlider::toggleWidgetPos(int x, int y, int w, int h)
+{
+  place(m_toggle, x, y, w, h);
+}
+
+void SoDialogQSlider::sliderWidgetPos(int x, int y, int w, int h)
+{
+  place(m_bar, x, y, w, h);
+}
+
+void SoDialogQSlider::editWidgetPos(int x, int y, int w, int h)
+{
+  place(m_edit, x, y, w, h);
+}

@@ -1,0 +1,87 @@
+#ifndef QUILLFORM_SOQTBASICSLIDER_H
+#define QUILLFORM_SOQTBASICSLIDER_H
+
+#include <QWidget>
+#include <Quillform/Export.h>
+#include <vector>
+
+/// A horizontal slider without a scale: a bar with a piece that the user moves along it, from 0 at its left end to
+/// 1 at its right end.
+///
+/// It follows the mouse, the wheel, and the keys Left, Right, Up, Down, Page Up, Page Down, Home and End. A press
+/// beside the piece brings it there. While the user moves it the value-changed callbacks run; when he has done,
+/// at the end of a drag, of a turn of the wheel or of a key press, the finish callbacks run.
+class QUILLFORM_API SoQtBasicSlider : public QWidget {
+  Q_OBJECT
+
+public:
+  typedef void Callback(void* data, float value);
+
+  static constexpr int thumbWidth = 11; ///< of the piece that moves, in pixels
+
+  explicit SoQtBasicSlider(QWidget* parent = nullptr);
+
+  /// Moves the piece. Runs no callback. What lies outside of 0 to 1 becomes the nearest end, no number becomes 0.
+  void setValue(float value);
+  float getValue() const;
+
+  /// How far an arrow key or a notch of the wheel moves the piece, and how far a page key does.
+  void setSteps(float single, float page);
+  float getSingleStep() const;
+
+  /// A pair that is registered already is not registered again; removing one that is not does nothing. Callbacks
+  /// may change the lists and delete the slider.
+  void addValueChangedCallback(Callback* callback, void* data = nullptr);
+  void removeValueChangedCallback(Callback* callback, void* data = nullptr);
+  void addFinishCallback(Callback* callback, void* data = nullptr);
+  void removeFinishCallback(Callback* callback, void* data = nullptr);
+
+  /// Moves the piece as the user does, to the end of the motion.
+  void moveByUser(float value);
+
+  QSize sizeHint() const override;
+
+protected:
+  /// Draws the bar below the piece, inside \a rect.
+  virtual void drawBar(QPainter& painter, const QRect& rect);
+
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+private:
+  struct Entry {
+    Callback* callback;
+    void* data;
+    bool operator==(const Entry& other) const
+    {
+      return callback == other.callback && data == other.data;
+    }
+  };
+  typedef std::vector<Entry> Callbacks;
+
+  static void add(Callbacks& callbacks, const Entry& entry);
+  static void remove(Callbacks& callbacks, const Entry& entry);
+
+  bool run(Callbacks SoQtBasicSlider::*callbacks);
+  bool follow(float value);
+  void followPointer(int x);
+  void moveBySteps(float steps);
+  QRect getThumbRect() const;
+
+  Callbacks m_valueChanged;
+  Callbacks m_finished;
+  float m_value = 0.0F; // from 0 to 1
+  float m_singleStep = 0.01F;
+  float m_pageStep = 0.1F;
+  bool m_dragging = false;
+  int m_grabOffset = 0; // from the middle of the piece to where the pointer holds it, in pixels
+  int m_wheelRest = 0;  // turned so far towards the next notch, in eighths of a degree
+};
+
+#endif // QUILLFORM_SOQTBASICSLIDER_H
