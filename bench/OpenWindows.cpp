@@ -6,10 +6,13 @@
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/nodes/SoSeparator.h>
+#include <QAbstractButton>
 #include <QApplication>
 #include <QBuffer>
-#include <QPushButton>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QUiLoader>
+#include <QWindow>
 #include <Quillform/Quillform.h>
 #include <benchmark/benchmark.h>
 #include <initializer_list>
@@ -36,9 +39,11 @@ public:
   /// Until everything is laid out. The painting is put off to the next processUntilPainted().
   bool processUntilLaidOut()
   {
+    m_window->windowHandle()->installEventFilter(this);
     m_holdsPainting = true;
     const bool isIdle = processUntilIdle();
     m_holdsPainting = false;
+    m_window->update();
     QApplication::postEvent(m_window, new QEvent(QEvent::UpdateRequest)); // the window waits for the one held back
     return isIdle;
   }
@@ -46,7 +51,7 @@ public:
 protected:
   bool eventFilter(QObject* /*window*/, QEvent* event) override
   {
-    if (m_holdsPainting && event->type() == QEvent::UpdateRequest) {
+    if (m_holdsPainting && (event->type() == QEvent::UpdateRequest || event->type() == QEvent::Expose)) {
       return true;
     }
     m_isPainted = m_isPainted || event->type() == QEvent::Paint;
@@ -82,21 +87,25 @@ void setLaps(benchmark::State& state, std::initializer_list<std::pair<const char
   }
 }
 
-/// What is missing in a window that should show \a buttons buttons; nullptr when it is complete.
-const char* findFault(const QWidget* window, int buttons)
+/// What is missing in a window that should show \a controls controls; nullptr when it is complete.
+const char* findFault(const QWidget* window, int controls)
 {
   int visible = 0;
-  for (const QPushButton* button : window->findChildren<QPushButton*>()) {
-    const QRect place(button->mapTo(window, QPoint(0, 0)), button->size());
-    if (!button->isVisible()) {
+  for (const QWidget* widget : window->findChildren<QWidget*>()) {
+    if (!qobject_cast<const QAbstractButton*>(widget) && !qobject_cast<const QLineEdit*>(widget) &&
+        !qobject_cast<const QComboBox*>(widget)) {
+      continue;
+    }
+    const QRect place(widget->mapTo(window, QPoint(0, 0)), widget->size());
+    if (!widget->isVisible()) {
       continue;
     }
     if (place.isEmpty() || !window->rect().contains(place)) {
-      return "a button stands outside the window";
+      return "a control stands outside the window";
     }
     ++visible;
   }
-  return visible == buttons ? nullptr : "the number of visible buttons is wrong";
+  return visible == controls ? nullptr : "the number of visible controls is wrong";
 }
 
 /// A form of Quillform, from its file's text.
@@ -128,13 +137,13 @@ private:
   SoTopLevelDialog* m_dialog = nullptr;
 };
 
-void openDialogFile(benchmark::State& state, int count)
+void openDialogFile(benchmark::State& state, Rows::Mixture mixture, int count)
 {
   double reading = 0.0;
   double building = 0.0;
   double showing = 0.0;
   for (auto _ : state) {
-    const Rows rows(count);
+    const Rows rows(mixture, count);
     const QByteArray text = rows.toDialogFile();
     DialogForm form;
 
@@ -149,7 +158,7 @@ void openDialogFile(benchmark::State& state, int count)
     showing += watch.lap();
     state.SetIterationTime(watch.total());
 
-    const char* fault = isPainted ? findFault(window, rows.getButtonCount()) : "the window was not painted";
+    const char* fault = isPainted ? findFault(window, rows.getControlCount()) : "the window was not painted";
     if (fault) {
       state.SkipWithError(fault);
       break;
@@ -160,12 +169,12 @@ void openDialogFile(benchmark::State& state, int count)
 
 /// Opens forms of a peer; \a make gives the window with all its widgets.
 template <class Make>
-void openPeer(benchmark::State& state, int count, Make make)
+void openPeer(benchmark::State& state, Rows::Mixture mixture, int count, Make make)
 {
   double building = 0.0;
   double showing = 0.0;
   for (auto _ : state) {
-    const Rows rows(count);
+    const Rows rows(mixture, count);
     const auto source = make.prepare(rows);
 
     Stopwatch watch;
@@ -177,7 +186,7 @@ void openPeer(benchmark::State& state, int count, Make make)
     showing += watch.lap();
     state.SetIterationTime(watch.total());
 
-    const char* fault = isPainted ? findFault(window.get(), rows.getButtonCount()) : "the window was not painted";
+    const char* fault = isPainted ? findFault(window.get(), rows.getControlCount()) : "the window was not painted";
     if (fault) {
       state.SkipWithError(fault);
       break;
@@ -219,20 +228,20 @@ struct MakeByHand {
   }
 };
 
-void openUiFile(benchmark::State& state, int count)
+void openUiFile(benchmark::State& state, Rows::Mixture mixture, int count)
 {
   QUiLoader loader;
-  openPeer(state, count, MakeFromUiFile{&loader});
+  openPeer(state, mixture, count, MakeFromUiFile{&loader});
 }
 
-void openByHand(benchmark::State& state, int count)
+void openByHand(benchmark::State& state, Rows::Mixture mixture, int count)
 {
-  openPeer(state, count, MakeByHand{});
+  openPeer(state, mixture, count, MakeByHand{});
 }
 
-void addRow(benchmark::State& state, int count)
+void addRowLabelled(benchmark::State& state, Rows::Mixture mixture, int count, const char* label)
 {
-  const Rows rows(count);
+  const Rows rows(mixture, count);
   DialogForm form;
   form.read(rows.toDialogFile());
   QWidget* window = form->buildDialog(nullptr, FALSE);
@@ -244,7 +253,7 @@ void addRow(benchmark::State& state, int count)
   for (auto _ : state) {
     Stopwatch watch;
     auto* button = new SoDialogPushButton;
-    button->label = "One more row:";
+    button->label = label;
     button->buttonLabel = "Do it";
     form->addChild(button);
     const bool isLaidOut = painting.processUntilLaidOut();
@@ -253,7 +262,7 @@ void addRow(benchmark::State& state, int count)
     painting.processUntilPainted();
     showing += watch.lap();
 
-    const char* fault = isLaidOut ? findFault(window, rows.getButtonCount() + 1) : "the layout does not come to rest";
+    const char* fault = isLaidOut ? findFault(window, rows.getControlCount() + 1) : "the layout does not come to rest";
     if (fault) {
       state.SkipWithError(fault);
       break;
@@ -265,11 +274,22 @@ void addRow(benchmark::State& state, int count)
   setLaps(state, {{"layout_ms", laying}, {"paint_ms", showing}});
 }
 
+void addRow(benchmark::State& state, Rows::Mixture mixture, int count)
+{
+  addRowLabelled(state, mixture, count, "New row:");
+}
+
+/// The label is wider than any other, so that the controls of all rows move.
+void addWideRow(benchmark::State& state, Rows::Mixture mixture, int count)
+{
+  addRowLabelled(state, mixture, count, "A row with a long label:");
+}
+
 /// One opening an iteration and few of them, so that the peers take turns often and share a machine's moods.
 template <class Function>
-void add(const char* name, Function function, int count, int repetitions)
+void add(const char* name, Function function, Rows::Mixture mixture, int count, int repetitions)
 {
-  benchmark::RegisterBenchmark(name, function, count)
+  benchmark::RegisterBenchmark(name, function, mixture, count)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->Iterations(1)
@@ -280,9 +300,15 @@ void add(const char* name, Function function, int count, int repetitions)
 
 void registerWindowBenchmarks()
 {
-  add("open_dialog_file/1000", openDialogFile, 1000, 15);
-  add("open_ui_file/1000", openUiFile, 1000, 15);
-  add("open_by_hand/1000", openByHand, 1000, 15);
-  add("open_dialog_file/5000", openDialogFile, 5000, 5);
-  add("add_row/1000", addRow, 1000, 9);
+  add("open_dialog_file/1000", openDialogFile, Rows::MIXED, 1000, 15);
+  add("open_ui_file/1000", openUiFile, Rows::MIXED, 1000, 15);
+  add("open_by_hand/1000", openByHand, Rows::MIXED, 1000, 15);
+  add("open_dialog_file/5000", openDialogFile, Rows::MIXED, 5000, 5);
+  add("add_row/1000", addRow, Rows::MIXED, 1000, 9);
+  add("add_wide_row/1000", addWideRow, Rows::MIXED, 1000, 9);
+  add("open_simple_dialog_file/1000", openDialogFile, Rows::SIMPLE, 1000, 15);
+  add("open_simple_ui_file/1000", openUiFile, Rows::SIMPLE, 1000, 15);
+  add("open_simple_by_hand/1000", openByHand, Rows::SIMPLE, 1000, 15);
+  add("open_simple_dialog_file/5000", openDialogFile, Rows::SIMPLE, 5000, 5);
+  add("add_simple_row/1000", addRow, Rows::SIMPLE, 1000, 9);
 }

@@ -14,12 +14,19 @@ struct Line {
 };
 
 const Line lines[] = {
-  {"open 1000 rows, to the same form from a .ui file", "open_dialog_file/1000", "open_ui_file/1000", 1.0},
-  {"open 1000 rows, to the same form written by hand", "open_dialog_file/1000", "open_by_hand/1000", 0.0},
-  {"open 5000 rows, to 1000 rows", "open_dialog_file/5000", "open_dialog_file/1000", 6.0},
-  {"add one row to 1000, to opening 1000", "add_row/1000", "open_dialog_file/1000", 0.05},
-  {"frame of a form of 200 rows, to a bare scene", "frame_dialog/200", "frame_bare_scene/200", 1.2},
-  {"press in a form of 200 rows, milliseconds", "press_in_scene/200", nullptr, 0.0},
+  {"open 1000 mixed rows, to a .ui file", "open_dialog_file/1000", "open_ui_file/1000", 1.0},
+  {"open 1000 mixed rows, to Qt by hand", "open_dialog_file/1000", "open_by_hand/1000", 0.0},
+  {"open 5000 mixed rows, to 1000", "open_dialog_file/5000", "open_dialog_file/1000", 6.0},
+  {"add a row to 1000 mixed, to opening them", "add_row/1000", "open_dialog_file/1000", 0.05},
+  {"add a wide row to 1000 mixed, to opening them", "add_wide_row/1000", "open_dialog_file/1000", 0.0},
+  {"frame of 200 mixed rows, to a bare scene", "frame_dialog/200", "frame_bare_scene/200", 1.2},
+  {"press among 200 mixed rows, ms", "press_in_scene/200", nullptr, 5.0},
+  {"open 1000 simple rows, to a .ui file", "open_simple_dialog_file/1000", "open_simple_ui_file/1000", 1.0},
+  {"open 1000 simple rows, to Qt by hand", "open_simple_dialog_file/1000", "open_simple_by_hand/1000", 0.0},
+  {"open 5000 simple rows, to 1000", "open_simple_dialog_file/5000", "open_simple_dialog_file/1000", 6.0},
+  {"add a row to 1000 simple, to opening them", "add_simple_row/1000", "open_simple_dialog_file/1000", 0.05},
+  {"frame of 200 simple rows, to a bare scene", "frame_simple_dialog/200", "frame_simple_bare_scene/200", 1.2},
+  {"press among 200 simple rows, ms", "press_in_simple_scene/200", nullptr, 5.0},
 };
 
 } // namespace

@@ -8,17 +8,23 @@ class QWidget;
 /// The rows of a form, as each peer spells them. All peers show the same widgets with the same texts in the
 /// same font.
 ///
-/// A further kind of row is one more entry of the table in Rows.cpp.
+/// A further kind of row is one more entry of a table in Rows.cpp.
 class Rows {
 public:
+  /// The kinds of rows, which take turns.
+  enum Mixture {
+    SIMPLE, ///< a label; a push button with a label beside it
+    MIXED   ///< with a label beside each: push button, check box, edit field, combo box, slider
+  };
+
   /// \a count rows. Every object has texts of its own, so that nobody profits from texts that were measured
   /// for an earlier form.
-  explicit Rows(int count);
+  Rows(Mixture mixture, int count);
 
   int getCount() const;
 
-  /// How many QPushButtons the form must show.
-  int getButtonCount() const;
+  /// How many buttons, check boxes, edit fields and combo boxes the form must show.
+  int getControlCount() const;
 
   /// The form as a dialog file.
   QByteArray toDialogFile() const;
@@ -30,6 +36,7 @@ public:
   void makeWidgets(QWidget* window) const;
 
 private:
+  Mixture m_mixture;
   int m_count;
   int m_form;
 };

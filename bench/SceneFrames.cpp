@@ -74,9 +74,9 @@ private:
 /// A form in a scene as a viewer shows it: camera and light, and below them what the application draws.
 class FormScene {
 public:
-  explicit FormScene(int count)
+  FormScene(Rows::Mixture mixture, int count)
   {
-    const QByteArray text = Rows(count).toDialogFile();
+    const QByteArray text = Rows(mixture, count).toDialogFile();
     SoInput input;
     input.setBuffer(text.constData(), static_cast<std::size_t>(text.size()));
     m_content = SoDB::readAll(&input);
@@ -165,22 +165,22 @@ void drawFrames(benchmark::State& state, const FormScene& scene)
   }
 }
 
-void drawDialog(benchmark::State& state, int count)
+void drawDialog(benchmark::State& state, Rows::Mixture mixture, int count)
 {
-  const FormScene scene(count);
+  const FormScene scene(mixture, count);
   drawFrames(state, scene);
 }
 
-void drawBareScene(benchmark::State& state, int count)
+void drawBareScene(benchmark::State& state, Rows::Mixture mixture, int count)
 {
-  FormScene scene(count);
+  FormScene scene(mixture, count);
   scene.showBareScene();
   drawFrames(state, scene);
 }
 
-void pressButton(benchmark::State& state, int count)
+void pressButton(benchmark::State& state, Rows::Mixture mixture, int count)
 {
-  const FormScene scene(count);
+  const FormScene scene(mixture, count);
   SoDialogPushButton* button = scene.getMiddleButton();
   SoHandleEventAction action(SbViewportRegion(pictureWidth, pictureHeight));
   SoMouseButtonEvent event;
@@ -205,9 +205,9 @@ void pressButton(benchmark::State& state, int count)
 }
 
 template <class Function>
-void add(const char* name, Function function, int count, int iterations)
+void add(const char* name, Function function, Rows::Mixture mixture, int count, int iterations)
 {
-  benchmark::RegisterBenchmark(name, function, count)
+  benchmark::RegisterBenchmark(name, function, mixture, count)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->Iterations(iterations)
@@ -218,7 +218,10 @@ void add(const char* name, Function function, int count, int iterations)
 
 void registerSceneBenchmarks()
 {
-  add("frame_dialog/200", drawDialog, 200, 40);
-  add("frame_bare_scene/200", drawBareScene, 200, 40);
-  add("press_in_scene/200", pressButton, 200, 20);
+  add("frame_dialog/200", drawDialog, Rows::MIXED, 200, 40);
+  add("frame_bare_scene/200", drawBareScene, Rows::MIXED, 200, 40);
+  add("press_in_scene/200", pressButton, Rows::MIXED, 200, 20);
+  add("frame_simple_dialog/200", drawDialog, Rows::SIMPLE, 200, 40);
+  add("frame_simple_bare_scene/200", drawBareScene, Rows::SIMPLE, 200, 40);
+  add("press_in_simple_scene/200", pressButton, Rows::SIMPLE, 200, 20);
 }

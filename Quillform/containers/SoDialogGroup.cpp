@@ -189,14 +189,12 @@ void SoDialogGroup::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& m
   m_box.getTotal(size, min, max, margin.getValue(), getSpacing(), 0);
 }
 
-void SoDialogGroup::getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+void SoDialogGroup::getDefaultFrameSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
 {
-  getSizeWith(size, min, max, [this](SbVec2i32& defaultSize, SbVec2i32& defaultMin, SbVec2i32& defaultMax) {
-    getDefaultSize(defaultSize, defaultMin, defaultMax);
-    fixSizeWithBorder(defaultSize, 1);
-    fixSizeWithBorder(defaultMin, 1);
-    fixSizeWithBorder(defaultMax, 1);
-  });
+  inherited::getDefaultFrameSize(size, min, max);
+  fixSizeWithBorder(size, 1);
+  fixSizeWithBorder(min, 1);
+  fixSizeWithBorder(max, 1);
 }
 
 SoCellLimits SoDialogGroup::getCellLimits() const
@@ -263,6 +261,11 @@ QBoxLayout* SoDialogGroup::getLayoutFor(const SoQuillform* /*child*/) const
   return m_groupLayout;
 }
 
+bool SoDialogGroup::isAlwaysBuilt() const
+{
+  return true; // on its children
+}
+
 int SoDialogGroup::getContentsMargin() const
 {
   return edgeStyle.getValue() != NONE ? edgeMargin : 0;
@@ -321,14 +324,7 @@ void SoDialogGroup::createGroupWidget()
 
 void SoDialogGroup::updateChildren()
 {
-  const SoBoxModel::Children children = getComponents();
-  for (std::size_t i = 0; i < children.size(); i++) {
-    SbVec2i32 size(0, 0);
-    SbVec2i32 place(0, 0);
-    children[i]->buildWidget(getWidget(), size, place, 1);
-    static_cast<SoDialogComponent*>(children[i])->setPlannedSize(m_box.getChildSize(i));
-  }
-  SoBoxModel::order(children, m_groupLayout);
+  m_box.buildWidgets(getComponents(), getWidget(), m_groupLayout);
 }
 
 void SoDialogGroup::destroyWidget()

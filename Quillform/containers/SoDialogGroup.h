@@ -56,7 +56,6 @@ public:
 
   /// \name Layout
   /// @{
-  void getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
   void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
   void setLabelSize(SbVec2i32& size) override;
   void setComponentSize(SbVec2i32& size) override;
@@ -102,6 +101,8 @@ protected:
   ~SoDialogGroup() override;
 
   SoChildElements& elements() override;
+  void getDefaultFrameSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
+  bool isAlwaysBuilt() const override;
   void update3D() override;
 
   /// 0 when the children stand side by side, 1 when they stand one below the other, -1 in a group that does not

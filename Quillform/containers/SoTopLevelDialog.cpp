@@ -30,6 +30,8 @@ constexpr int barHeight = 20; // of a minimised dialog
 constexpr int buttonSize = 14;
 constexpr int buttonColumn = 24; // the right end of the title bar, where the button stands
 
+constexpr int fewRows = 20; // that may change without a repaint of everything
+
 /// Heights over the dialog's plane.
 constexpr float frameFace = 1.0F;
 
@@ -42,7 +44,7 @@ SoTopLevelDialog::SoTopLevelDialog()
                             updateAfterSceneGraphChange();
                           }
                         }}),
-      m_box(1), m_authored(m_watched, {&width, &height, &minWidth, &minHeight, &maxWidth, &maxHeight}),
+      m_box(1), m_sizes(m_watched, {&width, &height, &minWidth, &minHeight, &maxWidth, &maxHeight}),
       m_defaultAuditor(std::make_unique<SoTopLevelAuditor>()), m_dragStart(0.0F, 0.0F, 0.0F),
       m_positionAtStart(0.0F, 0.0F, 0.0F)
 {
@@ -296,29 +298,10 @@ void SoTopLevelDialog::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32
 
 void SoTopLevelDialog::getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
 {
-  const auto pixels = [](const SoSFInt32& field) {
-    return std::clamp(field.getValue(), 0, largestWindow);
-  };
-  size.setValue(pixels(width), pixels(height));
-  min.setValue(pixels(minWidth), pixels(minHeight));
-  max.setValue(pixels(maxWidth), pixels(maxHeight));
-  const auto isComputed = [](const SbVec2i32& value) {
-    return value[0] == 0 || value[1] == 0;
-  };
-  if (isComputed(size) || isComputed(min) || isComputed(max)) {
-    SbVec2i32 defaultSize(0, 0);
-    SbVec2i32 defaultMin(0, 0);
-    SbVec2i32 defaultMax(0, 0);
-    getDefaultSize(defaultSize, defaultMin, defaultMax);
-    for (int i = 0; i < 2; i++) {
-      size[i] = size[i] != 0 ? size[i] : defaultSize[i];
-      min[i] = min[i] != 0 ? min[i] : defaultMin[i];
-      max[i] = max[i] != 0 ? max[i] : defaultMax[i];
-    }
-  }
-  for (int i = 0; i < 2; i++) {
-    size[i] = std::min(std::max(size[i], min[i]), max[i]);
-  }
+  m_sizes.getSize(size, min, max, largestWindow,
+                  [this](SbVec2i32& defaultSize, SbVec2i32& defaultMin, SbVec2i32& defaultMax) {
+                    getDefaultSize(defaultSize, defaultMin, defaultMax);
+                  });
   if (!resizable.getValue()) {
     if (width.getValue() != 0) {
       min[0] = max[0] = size[0];
@@ -331,28 +314,13 @@ void SoTopLevelDialog::getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
 
 void SoTopLevelDialog::setSize(int width_, int height_, int minWidth_, int minHeight_, int maxWidth_, int maxHeight_)
 {
-  m_watched.setQuietly(width, width_);
-  m_watched.setQuietly(height, height_);
-  m_watched.setQuietly(minWidth, minWidth_);
-  m_watched.setQuietly(minHeight, minHeight_);
-  m_watched.setQuietly(maxWidth, maxWidth_);
-  m_watched.setQuietly(maxHeight, maxHeight_);
+  m_sizes.store({width_, height_, minWidth_, minHeight_, maxWidth_, maxHeight_});
+  m_sizes.announce();
 }
 
 void SoTopLevelDialog::setDefaultState()
 {
-  SoSFInt32* const computed[] = {&width, &height, &minWidth, &minHeight};
-  for (std::size_t i = 0; i < std::size(computed); i++) {
-    if (m_saved[i] == 0) {
-      computed[i]->setDefault(TRUE);
-    }
-  }
-  if (m_saved[SoAuthoredSizes::MAX_WIDTH] == 0 || maxWidth.getValue() == SoDialogComponent::unbounded) {
-    maxWidth.setDefault(TRUE);
-  }
-  if (m_saved[SoAuthoredSizes::MAX_HEIGHT] == 0 || maxHeight.getValue() == SoDialogComponent::unbounded) {
-    maxHeight.setDefault(TRUE);
-  }
+  m_sizes.markComputed(m_saved, SoDialogComponent::unbounded);
   if (!resizable.getValue()) {
     minWidth.setDefault(TRUE);
     minHeight.setDefault(TRUE);
@@ -371,7 +339,7 @@ void SoTopLevelDialog::getDefaultState(SbVec2i32& size, SbVec2i32& min, SbVec2i3
 void SoTopLevelDialog::resetSize()
 {
   if (windowResizedByChildren.getValue()) {
-    setSize(m_saved[0], m_saved[1], m_saved[2], m_saved[3], m_saved[4], m_saved[5]);
+    m_sizes.store(m_saved);
   }
   for (SoTopComponent* child : getComponents()) {
     child->resetSize();
@@ -383,18 +351,18 @@ void SoTopLevelDialog::prepareSizes(int asWidget)
   for (SoTopComponent* child : getComponents()) {
     child->restoreAuthoredSizes();
   }
-  if (!m_authored.isCaptured()) {
-    m_authored.capture();
+  if (!m_sizes.isCaptured()) {
+    m_sizes.captureOnce();
   }
   else if (windowResizedByChildren.getValue()) {
-    m_authored.restore();
+    m_sizes.restore();
   }
   else {
-    m_authored.restoreLimits();
+    m_sizes.restore(SoSizingFields::MIN_WIDTH);
     if (asWidget != 0 && m_base) {
       // A size that the user gave the window stays.
-      m_watched.setQuietly(width, m_base->width());
-      m_watched.setQuietly(height, m_base->height());
+      m_sizes.store(SoSizingFields::WIDTH, m_base->width());
+      m_sizes.store(SoSizingFields::HEIGHT, m_base->height());
     }
   }
 }
@@ -441,8 +409,16 @@ void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
   computeNewChildrenHeight(chosen);
 
   if (asWidget != 0) {
+    // When most rows change, one repaint of everything costs less than a region for every widget that moves.
+    const bool isDrawnAnew = m_base->updatesEnabled() && SoBoxModel::countOutdated(getComponents(), m_base) > fewRows;
+    if (isDrawnAnew) {
+      m_base->setUpdatesEnabled(false);
+    }
     updateChildren();
     updateBaseWidget();
+    if (isDrawnAnew) {
+      m_base->setUpdatesEnabled(true);
+    }
   }
   else {
     m_size3D = chosen;
@@ -489,6 +465,7 @@ void SoTopLevelDialog::createBaseWidget(QWidget* parent)
   else {
     m_base = new QWidget;
     m_base->setObjectName("SoTopLevelDialog");
+    setWidgetFont(m_base); // handed down, so that all widgets share one font's data
   }
   m_layout = new QVBoxLayout(m_base);
   m_layout->setObjectName("ZEPSoTopLevelDialogLayout");
@@ -506,22 +483,13 @@ void SoTopLevelDialog::updateBaseWidget()
     return;
   }
   applyLimits();
-  m_layout->activate(); // a stale minimum would limit the new size
   m_base->resize(width.getValue(), height.getValue());
+  m_layout->activate(); // after the new size: every row would be placed twice
 }
 
 void SoTopLevelDialog::updateChildren()
 {
-  const SoBoxModel::Children children = getComponents();
-  for (std::size_t i = 0; i < children.size(); i++) {
-    SbVec2i32 size(0, 0);
-    SbVec2i32 place(0, 0);
-    children[i]->buildWidget(m_base, size, place, 1);
-    if (auto* component = dynamic_cast<SoDialogComponent*>(children[i])) {
-      component->setPlannedSize(m_box.getChildSize(i));
-    }
-  }
-  SoBoxModel::order(children, m_layout);
+  m_box.buildWidgets(getComponents(), m_base, m_layout);
 }
 
 void SoTopLevelDialog::updateDialogBuild(int asWidget)
@@ -557,7 +525,7 @@ void SoTopLevelDialog::updateFromSensor(SoSensor* sensor)
     changeHeight();
   }
   else if (field == &minWidth || field == &minHeight || field == &maxWidth || field == &maxHeight) {
-    m_authored.captureOne(field); // the other three may hold what the layout computed
+    m_sizes.captureOne(field); // the other three may hold what the layout computed
     changeMinMaxSize();
   }
   else if (field == &rowSpacing) {
@@ -587,22 +555,22 @@ void SoTopLevelDialog::updateFromSensor(SoSensor* sensor)
 
 void SoTopLevelDialog::changeWidth()
 {
-  m_saved[SoAuthoredSizes::WIDTH] = width.getValue();
-  m_authored.captureOne(&width);
+  m_saved[SoSizingFields::WIDTH] = width.getValue();
+  m_sizes.captureOne(&width);
 }
 
 void SoTopLevelDialog::changeHeight()
 {
-  m_saved[SoAuthoredSizes::HEIGHT] = height.getValue();
-  m_authored.captureOne(&height);
+  m_saved[SoSizingFields::HEIGHT] = height.getValue();
+  m_sizes.captureOne(&height);
 }
 
 void SoTopLevelDialog::changeMinMaxSize()
 {
-  m_saved[SoAuthoredSizes::MIN_WIDTH] = minWidth.getValue();
-  m_saved[SoAuthoredSizes::MIN_HEIGHT] = minHeight.getValue();
-  m_saved[SoAuthoredSizes::MAX_WIDTH] = maxWidth.getValue();
-  m_saved[SoAuthoredSizes::MAX_HEIGHT] = maxHeight.getValue();
+  m_saved[SoSizingFields::MIN_WIDTH] = minWidth.getValue();
+  m_saved[SoSizingFields::MIN_HEIGHT] = minHeight.getValue();
+  m_saved[SoSizingFields::MAX_WIDTH] = maxWidth.getValue();
+  m_saved[SoSizingFields::MAX_HEIGHT] = maxHeight.getValue();
   applyLimits();
 }
 
@@ -884,13 +852,13 @@ void SoTopLevelDialog::release3D()
 void SoTopLevelDialog::copyContents(const SoFieldContainer* from, SbBool copyConnections)
 {
   inherited::copyContents(from, copyConnections);
-  m_authored.copyFrom(static_cast<const SoTopLevelDialog*>(from)->m_authored);
+  m_sizes.copyFrom(static_cast<const SoTopLevelDialog*>(from)->m_sizes);
 }
 
 void SoTopLevelDialog::exchangeAuthoredValues(bool writing)
 {
   inherited::exchangeAuthoredValues(writing);
-  m_authored.exchange();
+  m_sizes.exchange();
   // The connection between the two places follows from independentMinimizedPosition; it is not the author's.
   if (!independentMinimizedPosition.getValue() && isBuilt3D() != 0) {
     if (writing) {

@@ -6,9 +6,9 @@
 #include <Inventor/fields/SoSFVec3f.h>
 #include <QVBoxLayout>
 #include <Quillform/core/So3DText.h>
-#include <Quillform/core/SoAuthoredSizes.h>
 #include <Quillform/core/SoBoxModel.h>
 #include <Quillform/core/SoChildOperations.h>
+#include <Quillform/core/SoSizingFields.h>
 #include <Quillform/core/SoSkinFile.h>
 #include <Quillform/core/SoTopComponent.h>
 #include <array>
@@ -271,10 +271,10 @@ private:
   int m_buildInsideParent = 0;    // as given to buildDialog
   bool m_suppressUpdates = true;  // until buildDialog has run
   bool m_firstBuild = true;
-  int m_layoutSpacing = 0;      // of the rows on screen; follows rowSpacing only when that changes later
-  SoBoxModel m_box;             // sizes of the children
-  std::array<int, 6> m_saved{}; // the saved size state, in the order of SoAuthoredSizes
-  SoAuthoredSizes m_authored;   // what the author gave the sizing fields
+  int m_layoutSpacing = 0;          // of the rows on screen; follows rowSpacing only when that changes later
+  SoBoxModel m_box;                 // sizes of the children
+  SoSizingFields::Values m_saved{}; // the saved size state, see SoSizingFields
+  SoSizingFields m_sizes;           // the sizing fields, with what the author gave them
   std::unique_ptr<SoDialogAuditor> m_defaultAuditor; // used while no dialog auditor is registered
   QPointer<QWidget> m_focusedWidget;
   QPointer<QWidget> m_scrolledWidget;

@@ -77,7 +77,7 @@ void SoDialogLabel::createLabelWidget()
 {
   setFrame(new SoDialogQLabel(getWidget(), this));
   changeLabelAlignment();
-  changeLabel();
+  showSideLabel();
   changeEnable(); // a label disabled by its author looks disabled from the start
   addFrameToCell();
 }

@@ -127,7 +127,7 @@ void SoDialogPushButton::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32
 void SoDialogPushButton::createLabelWidget()
 {
   setFrame(new SoDialogQPushButton(getWidget(), this));
-  changeLabel();
+  showSideLabel();
   changeLabelAlignment();
   changeButtonLabel();
   changeEnable();

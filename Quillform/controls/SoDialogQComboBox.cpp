@@ -4,17 +4,32 @@
 #include <QListView>
 #include <Quillform/core/SoDialogComponent.h>
 
+namespace {
+
+/// Makes its list when it is opened for the first time: the list takes longer than the box, and most are never opened.
+class ComboBox : public QComboBox {
+public:
+  using QComboBox::QComboBox;
+
+  void showPopup() override
+  {
+    // The relay gives the box its size, and the entries are alike: measuring each of ten thousand would show.
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    if (auto* list = qobject_cast<QListView*>(view())) {
+      list->setUniformItemSizes(true);
+    }
+    QComboBox::showPopup();
+  }
+};
+
+} // namespace
+
 SoDialogQComboBox::SoDialogQComboBox(QWidget* parent, SoDialogComponent* owner)
-    : SoDialogQFrame(parent, owner, "SoDialogQComboBox"), m_box(new QComboBox(this))
+    : SoDialogQFrame(parent, owner, "SoDialogQComboBox"), m_box(new ComboBox(this))
 {
   m_box->setObjectName(nameOf("ComboBoxWidget"));
   m_box->setEditable(false);
   SoQuillform::setWidgetFont(m_box);
-  // The relay gives the box its size, and the entries are alike: measuring each of ten thousand would show.
-  m_box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  if (auto* list = qobject_cast<QListView*>(m_box->view())) {
-    list->setUniformItemSizes(true);
-  }
   createLabel();
   connect(m_box, QOverload<int>::of(&QComboBox::activated), this, &SoDialogQComboBox::eventNotify);
 }

@@ -123,12 +123,12 @@ void SoDialogQSlider::eventNotifyEdited()
 
 void SoDialogQSlider::setToggleVisibility(bool visible)
 {
-  m_toggle->setVisible(visible);
+  setShown(m_toggle, visible);
 }
 
 void SoDialogQSlider::setEditVisibility(bool visible)
 {
-  m_edit->setVisible(visible);
+  setShown(m_edit, visible);
 }
 
 void SoDialogQSlider::setAccessibleNames(const QString& name)

@@ -40,7 +40,7 @@ constexpr float valueHeight = 1.0F;  // of the value's frame
 constexpr float cursorHeight = 1.0F; // of the cursor's plane over the bar's
 constexpr float halfCursor = static_cast<float>(SoQtBasicSlider::thumbWidth) * 0.5F; // of its width
 constexpr float caretWidth = 1.5F;
-constexpr int maxTyped = 40;         // characters; no number needs more
+constexpr int maxTyped = 40; // characters; no number needs more
 
 } // namespace
 
@@ -667,8 +667,8 @@ void SoDialogSlider::change3DEditValue()
   }
   m_valueText3D.setText(m_editing3D ? m_editText3D : getValueText());
   const Places places = getPlaces(get3DSize());
-  m_valueText3D.fit(places.edit.adjusted(valueInset, 0, -valueInset, 0), get3DSize(), LEFT,
-                    faceHeight + valueHeight, getBoundingBoxAction());
+  m_valueText3D.fit(places.edit.adjusted(valueInset, 0, -valueInset, 0), get3DSize(), LEFT, faceHeight + valueHeight,
+                    getBoundingBoxAction());
   m_caretSwitch->whichChild = m_editing3D ? 0 : SO_SWITCH_NONE;
   const bool isEmpty = m_editText3D.getLength() == 0;
   const QRect& edit = places.edit;

@@ -27,7 +27,8 @@ int clampPixels(long long pixels)
 
 SoDialogComponent* toComponent(SoTopComponent* child)
 {
-  return dynamic_cast<SoDialogComponent*>(child);
+  const bool isComponent = child->isOfType(SoDialogComponent::getClassTypeId()); // faster than a cast would find out
+  return isComponent ? static_cast<SoDialogComponent*>(child) : nullptr;
 }
 
 /// A row is as high as the higher of its label and its control.
@@ -117,6 +118,32 @@ const SbVec2i32& SoBoxModel::getChildSize(std::size_t index) const
   return m_entries[index].size;
 }
 
+void SoBoxModel::buildWidgets(const Children& children, QWidget* parent, QBoxLayout* layout) const
+{
+  layout->setEnabled(false); // each widget that appears would place all of them anew
+  for (std::size_t i = 0; i < children.size(); i++) {
+    if (SoDialogComponent* component = toComponent(children[i])) {
+      component->buildWidgetIfChanged(parent);
+      component->setPlannedSize(m_entries[i].size);
+    }
+    else {
+      SbVec2i32 size(0, 0);
+      SbVec2i32 place(0, 0);
+      children[i]->buildWidget(parent, size, place, 1);
+    }
+  }
+  order(children, layout);
+  layout->setEnabled(true);
+}
+
+int SoBoxModel::countOutdated(const Children& children, const QWidget* parent)
+{
+  return static_cast<int>(std::count_if(children.cbegin(), children.cend(), [parent](SoTopComponent* child) {
+    const SoDialogComponent* component = toComponent(child);
+    return component && !component->isWidgetUpToDate(parent);
+  }));
+}
+
 std::unique_ptr<QBoxLayout> SoBoxModel::createPlan(const Children& children, std::vector<QRect>& rects, int spacing,
                                                    int margin, bool verticalCells) const
 {
@@ -153,7 +180,7 @@ void SoBoxModel::order(const Children& children, QBoxLayout* layout)
   for (SoTopComponent* child : children) {
     SoDialogComponent* component = toComponent(child);
     QBoxLayout* cell = component ? component->getCell() : nullptr;
-    if (!cell || !layout) {
+    if (!cell) {
       continue;
     }
     QLayoutItem* item = layout->itemAt(index);

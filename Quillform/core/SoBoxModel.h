@@ -9,6 +9,7 @@
 #include <vector>
 
 class QBoxLayout;
+class QWidget;
 class SoTopComponent;
 
 /// The sizes of the children of a container that stacks them along one axis, and what follows from them.
@@ -39,6 +40,13 @@ public:
   /// The size wanted for a child.
   const SbVec2i32& getChildSize(std::size_t index) const;
 
+  /// Builds the widgets of the children inside \a parent, tells each the size wanted for it and brings their cells in
+  /// \a layout into the order of the list. The layout places nothing meanwhile.
+  void buildWidgets(const Children& children, QWidget* parent, QBoxLayout* layout) const;
+
+  /// How many of the children have widgets that have to be built anew.
+  static int countOutdated(const Children& children, const QWidget* parent);
+
   /// The rectangles of the children inside a container of \a size, as a layout of the window with \a margin pixels
   /// on every side places them.
   std::vector<QRect> plan(const Children& children, const QSize& size, int spacing, int margin,
@@ -46,9 +54,6 @@ public:
 
   /// The smallest size that such a layout accepts.
   QSize planMinimum(const Children& children, int spacing, int margin, bool verticalCells) const;
-
-  /// Brings the cells of \a children in \a layout into the order of the list.
-  static void order(const Children& children, QBoxLayout* layout);
 
   /// \name Alignment of labels and controls
   /// @{
@@ -68,6 +73,7 @@ public:
   /// @}
 
 private:
+  static void order(const Children& children, QBoxLayout* layout);
   std::unique_ptr<QBoxLayout> createPlan(const Children& children, std::vector<QRect>& rects, int spacing, int margin,
                                          bool verticalCells) const;
 

@@ -17,7 +17,7 @@ SO_SKIN_SOURCE(SoDialogComponent, "DialogComponent.iv", "DialogComponentEdgeStyl
                "DialogComponentEdgeStyleShadowIn", "DialogComponentEdgeStyleShadowOut")
 
 SoDialogComponent::SoDialogComponent()
-    : m_authored(m_watched, {&width, &height, &minWidth, &minHeight, &maxWidth, &maxHeight})
+    : m_sizes(m_watched, {&width, &height, &minWidth, &minHeight, &maxWidth, &maxHeight})
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogComponent);
 
@@ -73,37 +73,11 @@ void SoDialogComponent::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i3
 
 void SoDialogComponent::getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
 {
-  getSizeWith(size, min, max, [this](SbVec2i32& defaultSize, SbVec2i32& defaultMin, SbVec2i32& defaultMax) {
-    getDefaultSize(defaultSize, defaultMin, defaultMax);
-  });
-}
-
-void SoDialogComponent::getSizeWith(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, const GetDefaultSize& getDefaults)
-{
-  const auto pixels = [](const SoSFInt32& field) {
-    return std::clamp(field.getValue(), 0, QWIDGETSIZE_MAX);
-  };
-  size.setValue(pixels(width), pixels(height));
-  min.setValue(pixels(minWidth), pixels(minHeight));
-  max.setValue(pixels(maxWidth), pixels(maxHeight));
-  const auto isComputed = [](const SbVec2i32& value) {
-    return value[0] == 0 || value[1] == 0;
-  };
-  if (isComputed(size) || isComputed(min) || isComputed(max)) {
-    SbVec2i32 defaultSize(0, 0);
-    SbVec2i32 defaultMin(0, 0);
-    SbVec2i32 defaultMax(0, 0);
-    getDefaults(defaultSize, defaultMin, defaultMax);
-    for (int i = 0; i < 2; i++) {
-      size[i] = size[i] != 0 ? size[i] : defaultSize[i];
-      min[i] = min[i] != 0 ? min[i] : defaultMin[i];
-      max[i] = max[i] != 0 ? max[i] : defaultMax[i];
-    }
-  }
-  for (int i = 0; i < 2; i++) {
-    // The maximum comes last: it wins over a larger minimum.
-    size[i] = std::min(max[i], std::max(min[i], size[i]));
-  }
+  // Qt knows no larger widgets. The maximum comes last: it wins over a larger minimum.
+  m_sizes.getSize(size, min, max, QWIDGETSIZE_MAX,
+                  [this](SbVec2i32& defaultSize, SbVec2i32& defaultMin, SbVec2i32& defaultMax) {
+                    getDefaultFrameSize(defaultSize, defaultMin, defaultMax);
+                  });
   if (fixedWidth.getValue()) {
     min[0] = max[0] = size[0];
   }
@@ -112,46 +86,33 @@ void SoDialogComponent::getSizeWith(SbVec2i32& size, SbVec2i32& min, SbVec2i32& 
   }
 }
 
+void SoDialogComponent::getDefaultFrameSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+{
+  getDefaultSize(size, min, max);
+}
+
 void SoDialogComponent::setSize(int width_, int height_, int minWidth_, int minHeight_, int maxWidth_, int maxHeight_)
 {
-  m_watched.setQuietly(width, width_);
-  m_watched.setQuietly(height, height_);
-  m_watched.setQuietly(minWidth, minWidth_);
-  m_watched.setQuietly(minHeight, minHeight_);
-  m_watched.setQuietly(maxWidth, maxWidth_);
-  m_watched.setQuietly(maxHeight, maxHeight_);
+  m_sizes.store({width_, height_, minWidth_, minHeight_, maxWidth_, maxHeight_});
+  m_sizes.announce();
 }
 
 void SoDialogComponent::getDefaultState(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) const
 {
-  size.setValue(m_authored.get(SoAuthoredSizes::WIDTH), m_authored.get(SoAuthoredSizes::HEIGHT));
-  min.setValue(m_authored.get(SoAuthoredSizes::MIN_WIDTH), m_authored.get(SoAuthoredSizes::MIN_HEIGHT));
-  max.setValue(m_authored.get(SoAuthoredSizes::MAX_WIDTH), m_authored.get(SoAuthoredSizes::MAX_HEIGHT));
+  const SoSizingFields::Values authored = m_sizes.getAuthored();
+  size.setValue(authored[0], authored[1]);
+  min.setValue(authored[2], authored[3]);
+  max.setValue(authored[4], authored[5]);
 }
 
 void SoDialogComponent::restoreAuthoredSizes()
 {
-  m_authored.restore();
+  m_sizes.restore();
 }
 
 void SoDialogComponent::setDefaultState()
 {
-  const auto markComputed = [](SoSFInt32& field, int authored) {
-    if (authored == 0) {
-      field.setDefault(TRUE);
-    }
-  };
-  const auto markMaximum = [](SoSFInt32& field, int authored) {
-    if (authored == 0 || field.getValue() == unbounded) {
-      field.setDefault(TRUE);
-    }
-  };
-  markComputed(width, m_authored.get(SoAuthoredSizes::WIDTH));
-  markComputed(height, m_authored.get(SoAuthoredSizes::HEIGHT));
-  markComputed(minWidth, m_authored.get(SoAuthoredSizes::MIN_WIDTH));
-  markComputed(minHeight, m_authored.get(SoAuthoredSizes::MIN_HEIGHT));
-  markMaximum(maxWidth, m_authored.get(SoAuthoredSizes::MAX_WIDTH));
-  markMaximum(maxHeight, m_authored.get(SoAuthoredSizes::MAX_HEIGHT));
+  m_sizes.markComputed(m_sizes.getAuthored(), unbounded);
   if (fixedWidth.getValue()) {
     minWidth.setDefault(TRUE);
     maxWidth.setDefault(TRUE);
@@ -169,8 +130,8 @@ void SoDialogComponent::resetSize()
   m_labelInitSize.setValue(0, 0);
   m_position.setValue(0, 0);
   m_initSize.setValue(-1, -1);
-  m_watched.setQuietly(height, 0);
-  m_watched.setQuietly(width, height.getValue());
+  m_sizes.store(SoSizingFields::HEIGHT, 0);
+  m_sizes.store(SoSizingFields::WIDTH, height.getValue());
 }
 
 void SoDialogComponent::setLabelSize(SbVec2i32& size)
@@ -200,8 +161,19 @@ SbVec2i32 SoDialogComponent::getComponentInitSize()
 
 SbVec2i32 SoDialogComponent::getLabelInitSize()
 {
-  m_labelInitSize = getLabelPixelSize(label.getValue(), this);
+  m_labelInitSize = measureLabel();
   return m_labelInitSize;
+}
+
+const SbVec2i32& SoDialogComponent::measureLabel() const
+{
+  // A layout asks several times.
+  if (m_measuredFontGeneration != getFontGeneration() || m_measuredLabel != label.getValue()) {
+    m_measuredFontGeneration = getFontGeneration();
+    m_measuredLabel = label.getValue();
+    m_measuredSize = getLabelPixelSize(m_measuredLabel, this);
+  }
+  return m_measuredSize;
 }
 
 void SoDialogComponent::get2DComponentSize(SbVec2i32& size, SbVec2i32& position) const
@@ -237,12 +209,10 @@ void SoDialogComponent::getControlRect3D(const SbVec2i32& frame, SbVec2i32& size
 
 SbVec2i32 SoDialogComponent::chooseSize(const SbVec2i32& wanted)
 {
-  if (!m_authored.isCaptured()) {
-    m_authored.capture();
-  }
-  else {
+  if (m_sizes.isCaptured()) {
     restoreAuthoredSizes();
   }
+  m_sizes.captureOnce();
   if (!getParent()) {
     // Nobody aligns a component that stands alone.
     SbVec2i32 labelSize = getLabelInitSize();
@@ -268,7 +238,7 @@ SbVec2i32 SoDialogComponent::chooseSize(const SbVec2i32& wanted)
   if (fixedHeight.getValue()) {
     min[1] = max[1] = chosen[1];
   }
-  setSize(chosen[0], chosen[1], min[0], min[1], max[0], max[1]);
+  m_sizes.store({chosen[0], chosen[1], min[0], min[1], max[0], max[1]});
   setDefaultState();
   return chosen;
 }
@@ -281,6 +251,7 @@ void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32&
   m_position = position;
 
   if (asWidget != 0) {
+    m_widgetBuild = {parent, getFontGeneration(), m_labelSize, m_componentSize, m_sizes.getValues()};
     if (!m_componentWidget) {
       createComponentWidget(parent);
     }
@@ -292,6 +263,7 @@ void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32&
     update3DDialogComponent();
   }
   takeFrameSize();
+  m_sizes.announce();
   m_watched.watch(labelVisibility);
   m_watched.watch(edgeStyle);
   m_watched.watch(width);
@@ -300,6 +272,34 @@ void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32&
   m_watched.watch(minHeight);
   m_watched.watch(maxWidth);
   m_watched.watch(maxHeight);
+}
+
+void SoDialogComponent::buildWidgetIfChanged(QWidget* parent)
+{
+  if (!isWidgetUpToDate(parent)) {
+    SbVec2i32 size(0, 0);
+    SbVec2i32 place(0, 0);
+    buildWidget(parent, size, place, 1);
+    m_watched.forgetChanges();
+    return;
+  }
+  m_sizes.store(m_widgetBuild.sizes);
+  setDefaultState();
+  takeFrameSize();
+  m_sizes.announce();
+}
+
+bool SoDialogComponent::isWidgetUpToDate(const QWidget* parent) const
+{
+  const WidgetBuild& last = m_widgetBuild;
+  return !isAlwaysBuilt() && !m_watched.hasChanges() && m_frame && m_cell && parent == last.parent &&
+         getFontGeneration() == last.fontGeneration && m_labelSize == last.labelSize &&
+         m_componentSize == last.componentSize;
+}
+
+bool SoDialogComponent::isAlwaysBuilt() const
+{
+  return false;
 }
 
 QBoxLayout* SoDialogComponent::createCell(bool verticalCell, std::unique_ptr<QSpacerItem>& spacer) const
@@ -368,6 +368,9 @@ void SoDialogComponent::addFrameToCell()
   updateComponentWidget();
   m_cell->addWidget(m_frame, 0);
   m_cell->addItem(m_spacer.release());
+  if (m_frame->parentWidget() && m_frame->parentWidget()->isVisible()) {
+    m_frame->show(); // else a layout leaves it out until control returns to the event loop, and moves all others twice
+  }
 }
 
 void SoDialogComponent::updateComponentWidget()
@@ -412,8 +415,9 @@ QSize SoDialogComponent::getPlannedMinimum()
 
 void SoDialogComponent::widgetResized(int newWidth, int newHeight)
 {
-  m_watched.setQuietly(width, newWidth);
-  m_watched.setQuietly(height, newHeight);
+  m_sizes.store(SoSizingFields::WIDTH, newWidth);
+  m_sizes.store(SoSizingFields::HEIGHT, newHeight);
+  m_sizes.announce();
   placeWidgets();
 }
 
@@ -422,8 +426,8 @@ void SoDialogComponent::takeFrameSize()
   // A frame that keeps its size in the layout is not resized again, so nothing else would bring the size on screen
   // back into the fields. One that was not shown yet has only a provisional size.
   if (m_frame && m_frame->testAttribute(Qt::WA_Resized) && !m_frame->testAttribute(Qt::WA_PendingResizeEvent)) {
-    m_watched.setQuietly(width, m_frame->width());
-    m_watched.setQuietly(height, m_frame->height());
+    m_sizes.store(SoSizingFields::WIDTH, m_frame->width());
+    m_sizes.store(SoSizingFields::HEIGHT, m_frame->height());
   }
 }
 
@@ -490,19 +494,22 @@ void SoDialogComponent::changeEnable()
 void SoDialogComponent::changeEdgeStyle()
 {
   if (m_frame) {
-    m_frame->setFrameShape(edgeStyle.getValue() == NONE ? QFrame::NoFrame : QFrame::Panel);
-    m_frame->setFrameShadow(edgeStyle.getValue() == SHADOW_OUT ? QFrame::Raised : QFrame::Sunken);
+    const int style = (edgeStyle.getValue() == NONE ? QFrame::NoFrame : QFrame::Panel) |
+                      (edgeStyle.getValue() == SHADOW_OUT ? QFrame::Raised : QFrame::Sunken);
+    if (m_frame->frameStyle() != style && (edgeStyle.getValue() != NONE || m_frame->frameShape() != QFrame::NoFrame)) {
+      m_frame->setFrameStyle(style);
+    }
   }
 }
 
 void SoDialogComponent::changeWidth()
 {
-  m_authored.captureOne(&width);
+  m_sizes.captureOne(&width);
 }
 
 void SoDialogComponent::changeHeight()
 {
-  m_authored.captureOne(&height);
+  m_sizes.captureOne(&height);
 }
 
 void SoDialogComponent::changeMinMaxSize() {}
@@ -533,7 +540,7 @@ void SoDialogComponent::updateFromSensor(SoSensor* sensor)
     changeHeight();
   }
   else if (field == &minWidth || field == &minHeight || field == &maxWidth || field == &maxHeight) {
-    m_authored.captureOne(field); // the other three may hold what the layout computed
+    m_sizes.captureOne(field); // the other three may hold what the layout computed
     changeMinMaxSize();
   }
   else {
@@ -559,7 +566,7 @@ void SoDialogComponent::alignSideLabel()
 
 QRect SoDialogComponent::getSideLabelRect(int frameHeight) const
 {
-  const int textHeight = getLabelPixelSize(label.getValue(), this)[1];
+  const int textHeight = measureLabel()[1];
   // Centred in 3 pixels more than the control is: this is meant.
   return {3, (frameHeight - 3 - textHeight) / 2 + 3, m_labelSize[0], textHeight};
 }
@@ -683,11 +690,11 @@ void SoDialogComponent::getBoundingBox(SoGetBoundingBoxAction* action)
 void SoDialogComponent::exchangeAuthoredValues(bool writing)
 {
   inherited::exchangeAuthoredValues(writing);
-  m_authored.exchange();
+  m_sizes.exchange();
 }
 
 void SoDialogComponent::copyContents(const SoFieldContainer* from, SbBool copyConnections)
 {
   inherited::copyContents(from, copyConnections);
-  m_authored.copyFrom(static_cast<const SoDialogComponent*>(from)->m_authored);
+  m_sizes.copyFrom(static_cast<const SoDialogComponent*>(from)->m_sizes);
 }

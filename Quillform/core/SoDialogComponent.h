@@ -5,8 +5,8 @@
 #include <QRect>
 #include <QSizePolicy>
 #include <Quillform/core/So3DText.h>
-#include <Quillform/core/SoAuthoredSizes.h>
 #include <Quillform/core/SoDialogQFrame.h>
+#include <Quillform/core/SoSizingFields.h>
 #include <Quillform/core/SoSkinFile.h>
 #include <Quillform/core/SoTopComponent.h>
 #include <functional>
@@ -162,6 +162,13 @@ public:
   /// Prepares the component's cell in its parent's layout.
   void createComponentWidget(QWidget* parent);
 
+  /// Builds the component's widgets inside \a parent, for its container. They stay as they are when nothing that they
+  /// depend on has changed since the last build: a dialog of a thousand rows is built anew for each row that is added.
+  void buildWidgetIfChanged(QWidget* parent);
+
+  /// TRUE when buildWidgetIfChanged() would keep the widgets.
+  bool isWidgetUpToDate(const QWidget* parent) const;
+
   /// The frame has a new size: stores it in width and height and places what stands inside.
   void widgetResized(int newWidth, int newHeight);
 
@@ -196,13 +203,14 @@ protected:
     return static_cast<Relay*>(static_cast<QFrame*>(m_frame.data()));
   }
 
-  using GetDefaultSize = std::function<void(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)>;
-
-  /// getSize with what \a getDefaults answers where a sizing field is 0.
-  void getSizeWith(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, const GetDefaultSize& getDefaults);
+  /// The class's size and bounds as getSize uses them: getDefaultSize, with what a class adds to it.
+  virtual void getDefaultFrameSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
 
   /// The minimum in the sizing fields, as far as the maximum leaves room for it.
   QSize getSmallestSize() const;
+
+  /// TRUE when the build depends on more than the component's fields and the sizes that its container gives it.
+  virtual bool isAlwaysBuilt() const;
 
   /// Makes \a frame the component's widget.
   void setFrame(QFrame* frame);
@@ -254,17 +262,30 @@ protected:
   SbVec2i32 m_position{0, 0};      ///< given to the last build
 
 private:
+  /// What a build of the widgets started from, apart from the fields, and the sizes that came out.
+  struct WidgetBuild {
+    const QWidget* parent = nullptr;
+    int fontGeneration = 0;
+    SbVec2i32 labelSize{0, 0};
+    SbVec2i32 componentSize{0, 0};
+    SoSizingFields::Values sizes{};
+  };
+  const SbVec2i32& measureLabel() const;
   SbVec2i32 chooseSize(const SbVec2i32& wanted);
   void create3DIfNeeded();
   void takeFrameSize();
   void removeFrame();
   QBoxLayout* createCell(bool verticalCell, std::unique_ptr<QSpacerItem>& spacer) const;
 
-  QPointer<QWidget> m_componentWidget;    // parent widget, then the frame
-  QPointer<QFrame> m_frame;               // the relay or frame of the derived class
-  QPointer<QBoxLayout> m_cell;            // the component's place in its parent's layout
-  std::unique_ptr<QSpacerItem> m_spacer;  // waits for the frame, then belongs to the cell
-  SoAuthoredSizes m_authored;             // what the author gave the sizing fields
+  QPointer<QWidget> m_componentWidget;   // parent widget, then the frame
+  QPointer<QFrame> m_frame;              // the relay or frame of the derived class
+  QPointer<QBoxLayout> m_cell;           // the component's place in its parent's layout
+  std::unique_ptr<QSpacerItem> m_spacer; // waits for the frame, then belongs to the cell
+  SoSizingFields m_sizes;                // the sizing fields, with what the author gave them
+  mutable SbString m_measuredLabel;      // what measureLabel() measured last, in which font
+  mutable int m_measuredFontGeneration = -1;
+  mutable SbVec2i32 m_measuredSize{0, 0}; // and what came out
+  WidgetBuild m_widgetBuild;              // the last one
   So3DText m_sideLabel3D;                 // the label in the scene
   SoTransform* m_edgeTransform = nullptr; // below mainCptSeparator, which owns it
   SoSwitch* m_sideLabelSwitch = nullptr;  // a catalog part of the derived class

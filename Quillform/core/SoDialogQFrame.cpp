@@ -8,7 +8,7 @@
 SoDialogQFrame::SoDialogQFrame(QWidget* parent, SoDialogComponent* owner, const QString& name)
     : QFrame(parent), m_owner(owner), m_name(name)
 {
-  setObjectName("ZEP" + name + "Frame");
+  setObjectName(nameOf("Frame"));
 }
 
 void SoDialogQFrame::forgetOwner()
@@ -38,6 +38,7 @@ void SoDialogQFrame::createLabel()
 {
   m_label = new QLabel(this);
   m_label->setObjectName(nameOf("LabelWidget"));
+  m_label->setIndent(1);                 // letters that touch the edge are drawn more slowly
   m_label->setTextFormat(Qt::PlainText); // markup in a label is text like any other
   SoQuillform::setWidgetFont(m_label);
 }
@@ -64,12 +65,21 @@ void SoDialogQFrame::setAlignment(Qt::Alignment alignment)
 
 void SoDialogQFrame::setLabelVisibility(bool visible)
 {
-  m_label->setVisible(visible);
+  setShown(m_label, visible);
 }
 
 void SoDialogQFrame::labelWidgetPos(int x, int y, int w, int h)
 {
   place(m_label, x, y, w, h);
+}
+
+void SoDialogQFrame::setShown(QWidget* widget, bool shown)
+{
+  // Showing what nobody has hidden makes a widget prepare itself for the screen twice.
+  const bool wasHidden = widget->testAttribute(Qt::WA_WState_ExplicitShowHide) && widget->isHidden();
+  if (wasHidden == shown) {
+    widget->setVisible(shown);
+  }
 }
 
 void SoDialogQFrame::place(QWidget* widget, int x, int y, int w, int h)
@@ -87,6 +97,13 @@ Qt::Alignment SoDialogQFrame::toQt(int labelAlignment)
     return Qt::AlignHCenter;
   default:
     return Qt::AlignRight;
+  }
+}
+
+void SoDialogQFrame::paintEvent(QPaintEvent* event)
+{
+  if (frameShape() != QFrame::NoFrame) {
+    QFrame::paintEvent(event); // most relays have no frame, and a painter takes longer to make than a frame to draw
   }
 }
 

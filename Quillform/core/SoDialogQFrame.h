@@ -37,6 +37,7 @@ public:
 
 protected:
   void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
   /// The node; nullptr once it is gone.
   SoDialogComponent* getOwner() const;
@@ -52,6 +53,9 @@ protected:
 
   /// Resizes, then moves a child widget.
   static void place(QWidget* widget, int x, int y, int w, int h);
+
+  /// Shows or hides a child widget that nobody else shows or hides.
+  static void setShown(QWidget* widget, bool shown);
 
 private:
   SoDialogComponent* m_owner; // nullptr once the node is gone

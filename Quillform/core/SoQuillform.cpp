@@ -8,6 +8,7 @@
 #include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/actions/SoWriteAction.h>
 #include <Inventor/errors/SoDebugError.h>
+#include <Inventor/misc/SoNotification.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoPickStyle.h>
 #include <Inventor/nodes/SoSeparator.h>
@@ -29,6 +30,7 @@ SO_QUILLFORM_SOURCE(SoQuillform, "Quillform")
 namespace {
 
 int s_instanceCount = 0;
+int s_fontGeneration = 0;
 SoQuillform* s_lastActive = nullptr;
 
 const SbBox3f emptyLabelBox(-1.0F, -1.0F, -1.0F, -1.0F, -1.0F, -1.0F);
@@ -173,13 +175,28 @@ SoQuillform* SoQuillform::getFirstTopParent(int ignoreTraversal, int returnSelfI
 void SoQuillform::setFont(QFont font_)
 {
   font() = font_;
+  ++s_fontGeneration;
 }
 
 void SoQuillform::setWidgetFont(QWidget* widget)
 {
-  if (widget) {
-    widget->setFont(font());
+  if (!widget) {
+    return;
   }
+  QFont wanted = font();
+  if (wanted.families().isEmpty()) {
+    wanted.setFamilies(
+      {wanted.family()}); // a font that was handed down has this list, and is equal only to one with it
+  }
+  // What an ancestor handed down costs nothing; setting it again makes some widgets build all that they may ever need.
+  if (widget->font() != wanted.resolve(widget->font())) {
+    widget->setFont(wanted);
+  }
+}
+
+int SoQuillform::getFontGeneration()
+{
+  return s_fontGeneration;
 }
 
 QFont SoQuillform::getQuillformFont()
@@ -486,6 +503,16 @@ SoGetMatrixAction* SoQuillform::getMatrixAction()
   return m_matrixAction.get();
 }
 
+void SoQuillform::notify(SoNotList* list)
+{
+  const SoNotRec* last = list->getLastRec();
+  const SoField* field = last && last->getType() == SoNotRec::CONTAINER ? list->getLastField() : nullptr;
+  if (field && field->getContainer() == this) {
+    m_watched.fieldChanged(field);
+  }
+  inherited::notify(list);
+}
+
 // Events in the scene
 
 void SoQuillform::handleEvent(SoHandleEventAction* action)
@@ -689,10 +716,16 @@ void SoQuillform::writeChildren(SoWriteAction* action)
 SbBool SoQuillform::readInstance(SoInput* in, unsigned short flags)
 {
   SoChildElements* children = getChildElements();
-  if (!children) {
-    return inherited::readInstance(in, flags);
-  }
   const SbBool wasNotifying = enableNotify(FALSE);
+  if (!children) {
+    // A kit's own reading makes the parts that every kit has a second time.
+    const SbBool isRead = SoFieldContainer::readInstance(in, flags);
+    if (isRead) {
+      adoptReadParts();
+    }
+    enableNotify(wasNotifying);
+    return isRead;
+  }
   ref(); // a broken file may make this node its own grandchild for a moment
   // A kit's own reading takes every unknown word for a part; here the children's class names follow.
   SbBool isRead = SoFieldContainer::readInstance(in, static_cast<unsigned short>(flags | IS_GROUP));
@@ -710,16 +743,22 @@ SbBool SoQuillform::readInstance(SoInput* in, unsigned short flags)
 void SoQuillform::adoptReadParts()
 {
   const SoNodekitCatalog* catalog = getNodekitCatalog();
-  for (int i = 1; i < catalog->getNumEntries(); i++) {
-    auto* field = static_cast<SoSFNode*>(getField(catalog->getName(i)));
-    SoNode* node = field->getValue();
-    if (!node || field->isDefault() || !isAuthorPart(i)) {
+  const SoFieldData* fields = getFieldData();
+  for (int i = 0; i < fields->getNumFields(); i++) {
+    SoField* field = fields->getField(this, i);
+    if (field->isDefault()) {
+      continue; // most are, and names take long to compare
+    }
+    const int part = catalog->getPartNumber(fields->getFieldName(i));
+    if (part == SO_CATALOG_NAME_NOT_FOUND || part == 0 || !isAuthorPart(part)) {
       continue;
     }
     // The field was read like any other; the node must also take its place in the kit.
+    auto* holder = static_cast<SoSFNode*>(field);
+    SoNode* node = holder->getValue();
     node->ref();
-    field->setValue(nullptr);
-    setAnyPart(catalog->getName(i), node);
+    holder->setValue(nullptr);
+    setAnyPart(catalog->getName(part), node);
     node->unref();
   }
 }

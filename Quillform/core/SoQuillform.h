@@ -203,6 +203,9 @@ public:
   /// A copy of the library's font; "Microsoft Sans Serif" at 8 points unless set otherwise.
   static QFont getQuillformFont();
 
+  /// Counts the calls of setFont; texts that were measured earlier have other sizes now.
+  static int getFontGeneration();
+
   /// TRUE when \a widget is not null.
   static SbBool existWidget(QWidget* widget);
 
@@ -326,6 +329,7 @@ public:
   /// @}
 
   void handleEvent(SoHandleEventAction* action) override;
+  void notify(SoNotList* list) override;
   void grabEventsSetup() override;
   void grabEventsCleanup() override;
   void write(SoWriteAction* action) override;

@@ -92,14 +92,16 @@ SbVec2i32 SoQuillform::getLabelPixelSize(const SbString& text, const SoQuillform
     measured.sizes.clear();
     measured.font = font;
   }
-  const SbString displayed = convertToCString(text, node);
   const bool singleLine = node && SoElementKinds::isSingleLineEdit(node);
-  const std::string key = std::string(singleLine ? "1" : "n") + displayed.getString();
+  const bool raw = node && SoElementKinds::showsRawText(node);
+  static std::string key; // kept, so that asking takes no memory
+  key.assign(1, singleLine ? (raw ? '2' : '1') : raw ? 'r' : 'n');
+  key.append(text.getString(), static_cast<std::size_t>(text.getLength()));
   const auto known = measured.sizes.find(key);
   if (known != measured.sizes.end()) {
     return known->second;
   }
-  const SbVec2i32 size = measure(displayed, singleLine);
+  const SbVec2i32 size = measure(convertToCString(text, node), singleLine);
   if (qApp) {
     measured.sizes.emplace(key, size);
   }

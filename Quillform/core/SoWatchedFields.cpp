@@ -1,49 +1,132 @@
 #include <Quillform/core/SoWatchedFields.h>
 
+#include <Inventor/sensors/SoOneShotSensor.h>
+#include <algorithm>
+
+namespace {
+
+/// A change that has no reaction yet.
+struct Change {
+  SoWatchedFields* watched; // nullptr when the element is gone
+  const SoField* field;
+};
+std::vector<Change> pendingChanges;
+std::size_t handledChanges = 0; // of the pending ones
+const SoField* firedField = nullptr;
+
+/// The sensor that all elements share. Never destroyed: Coin's queue of sensors may be gone when static objects are.
+SoOneShotSensor* sharedSensor = nullptr;
+
+} // namespace
+
 SoWatchedFields::SoWatchedFields(SoSensorCB* callback, void* data) : m_callback(callback), m_data(data) {}
 
-void SoWatchedFields::watch(SoField& field)
+SoWatchedFields::~SoWatchedFields()
 {
-  for (const Entry& entry : m_entries) {
-    if (entry.field == &field) {
-      return;
+  for (Change& change : pendingChanges) {
+    if (change.watched == this) {
+      change.watched = nullptr;
     }
   }
-  auto sensor = std::make_unique<SoFieldSensor>(m_callback, m_data);
-  sensor->setPriority(0);
-  sensor->attach(&field);
-  m_entries.push_back({&field, std::move(sensor)});
+}
+
+void SoWatchedFields::watch(const SoField& field)
+{
+  if (find(field)) {
+    return;
+  }
+  if (m_entries.empty()) {
+    constexpr std::size_t usualCount = 16;
+    m_entries.reserve(usualCount);
+  }
+  m_entries.push_back({&field, 0});
+}
+
+void SoWatchedFields::fieldChanged(const SoField* field)
+{
+  m_hasChanges = true;
+  const Entry* entry = find(*field);
+  if (!entry || entry->pauses > 0) {
+    return;
+  }
+  const auto isSame = [field](const Change& change) {
+    return change.field == field;
+  };
+  const auto firstPending = pendingChanges.cbegin() + static_cast<std::ptrdiff_t>(handledChanges);
+  if (std::none_of(firstPending, pendingChanges.cend(), isSame)) {
+    pendingChanges.push_back({this, field});
+    if (!sharedSensor) {
+      sharedSensor = new SoOneShotSensor(runCallbacks, nullptr);
+      sharedSensor->setPriority(0);
+    }
+    sharedSensor->schedule();
+  }
+}
+
+void SoWatchedFields::runCallbacks(void* /*data*/, SoSensor* sensor)
+{
+  while (handledChanges < pendingChanges.size()) {
+    const Change change = pendingChanges[handledChanges++];
+    if (change.watched) {
+      firedField = change.field;
+      change.watched->m_callback(change.watched->m_data, sensor);
+      firedField = nullptr;
+    }
+  }
+  pendingChanges.clear();
+  handledChanges = 0;
+}
+
+bool SoWatchedFields::hasChanges() const
+{
+  return m_hasChanges;
+}
+
+void SoWatchedFields::forgetChanges()
+{
+  m_hasChanges = false;
+}
+
+void SoWatchedFields::touchQuietly(SoField& field)
+{
+  const Pause pause(*this, field);
+  const SbBool wasDefault = field.isDefault();
+  SoFieldContainer* element = field.getContainer();
+  const SbBool wasNotifying = element->enableNotify(FALSE);
+  const bool hadChanges = m_hasChanges;
+  field.touch();
+  m_hasChanges = hadChanges;
+  element->enableNotify(wasNotifying);
+  field.setDefault(wasDefault);
 }
 
 const SoField* SoWatchedFields::getFired(SoSensor* sensor)
 {
-  // Only field sensors are ever attached with the elements' callback.
-  return sensor ? static_cast<SoFieldSensor*>(sensor)->getAttachedField() : nullptr;
+  return sensor && sensor == sharedSensor ? firedField : nullptr;
 }
 
-SoFieldSensor* SoWatchedFields::find(const SoField& field) const
+SoWatchedFields::Entry* SoWatchedFields::find(const SoField& field)
 {
-  for (const Entry& entry : m_entries) {
+  for (Entry& entry : m_entries) {
     if (entry.field == &field) {
-      return entry.sensor.get();
+      return &entry;
     }
   }
   return nullptr;
 }
 
-SoWatchedFields::Pause::Pause(SoWatchedFields& watched, SoField& field) : m_sensor(watched.find(field)), m_field(field)
+SoWatchedFields::Pause::Pause(SoWatchedFields& watched, const SoField& field) : m_watched(watched), m_field(field)
 {
-  if (m_sensor && !m_sensor->getAttachedField()) {
-    m_sensor = nullptr; // an outer pause re-attaches it
-  }
-  if (m_sensor) {
-    m_sensor->detach();
+  if (Entry* entry = m_watched.find(m_field)) {
+    ++entry->pauses;
   }
 }
 
 SoWatchedFields::Pause::~Pause()
 {
-  if (m_sensor) {
-    m_sensor->attach(&m_field);
+  // Unwatched when the pause began, perhaps watched since: such a field has no pause to end.
+  Entry* entry = m_watched.find(m_field);
+  if (entry && entry->pauses > 0) {
+    --entry->pauses;
   }
 }

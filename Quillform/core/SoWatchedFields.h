@@ -2,53 +2,69 @@
 #define QUILLFORM_SOWATCHEDFIELDS_H
 
 #include <Inventor/fields/SoField.h>
-#include <Inventor/sensors/SoFieldSensor.h>
+#include <Inventor/fields/SoFieldContainer.h>
+#include <Inventor/sensors/SoSensor.h>
 #include <Quillform/Export.h>
-#include <memory>
 #include <vector>
 
 /// The fields of one element whose changes reach its screen forms at once.
 ///
-/// Every watched field has one sensor of priority 0, which fires inside the call that changed the field.
+/// The element passes on every notification of its own fields. A change of a watched one runs the element's callback
+/// like a field sensor of priority 0 would: inside the call that changed the field, after everybody else was told.
+/// All elements share one sensor, because those of a large dialog watch tens of thousands of fields.
 class QUILLFORM_API SoWatchedFields {
 public:
   /// \a callback runs with \a data on every change of a watched field.
   SoWatchedFields(SoSensorCB* callback, void* data);
+  ~SoWatchedFields();
 
   SoWatchedFields(const SoWatchedFields&) = delete;
   SoWatchedFields& operator=(const SoWatchedFields&) = delete;
 
   /// Starts to watch \a field; does nothing when it is watched already.
-  void watch(SoField& field);
+  void watch(const SoField& field);
 
-  /// The field whose change fired \a sensor; nullptr for a sensor that is not one of these.
+  /// To be called when \a field, any field of the element, has changed.
+  void fieldChanged(const SoField* field);
+
+  /// TRUE when a field has changed, watched or not, since the last forgetChanges().
+  bool hasChanges() const;
+  void forgetChanges();
+
+  /// The field whose change fired \a sensor; nullptr for a sensor that is not the elements' own.
   static const SoField* getFired(SoSensor* sensor);
 
   /// Writes \a value without a reaction and without touching the field's default mark: the way in which
-  /// the library itself stores what it computed.
+  /// the library itself stores what it computed. Whoever watches the field itself is told; the scene above is not,
+  /// a number alone gives it nothing to draw.
   template <class Field, class Value>
   void setQuietly(Field& field, const Value& value);
 
-  /// Keeps one field's sensor detached for as long as it lives, on every way out of the scope.
+  /// Tells whoever watches \a field that it has changed, as setQuietly does. This is no change for hasChanges().
+  void touchQuietly(SoField& field);
+
+  /// Keeps one field from having reactions for as long as it lives, on every way out of the scope.
   class QUILLFORM_API Pause {
   public:
-    Pause(SoWatchedFields& watched, SoField& field);
+    Pause(SoWatchedFields& watched, const SoField& field);
     ~Pause();
     Pause(const Pause&) = delete;
     Pause& operator=(const Pause&) = delete;
 
   private:
-    SoFieldSensor* m_sensor; // nullptr when the field was not watched, or paused already
-    SoField& m_field;
+    SoWatchedFields& m_watched;
+    const SoField& m_field;
   };
 
 private:
-  SoFieldSensor* find(const SoField& field) const;
-
   struct Entry {
-    SoField* field;
-    std::unique_ptr<SoFieldSensor> sensor;
+    const SoField* field;
+    int pauses;
   };
+  Entry* find(const SoField& field);
+  static void runCallbacks(void* data, SoSensor* sensor);
+
+  bool m_hasChanges = false;
   SoSensorCB* m_callback;
   void* m_data;
   std::vector<Entry> m_entries;
@@ -60,9 +76,13 @@ void SoWatchedFields::setQuietly(Field& field, const Value& value)
   if (field.getValue() == value) {
     return;
   }
+  m_hasChanges = true;
   const Pause pause(*this, field);
   const SbBool wasDefault = field.isDefault();
+  SoFieldContainer* element = field.getContainer();
+  const SbBool wasNotifying = element->enableNotify(FALSE);
   field.setValue(value);
+  element->enableNotify(wasNotifying);
   field.setDefault(wasDefault);
 }
 
