@@ -276,10 +276,10 @@ int SoDialogGroup::getPlannedMargin() const
   return getContentsMargin() + (edgeStyle.getValue() != NONE ? edgeLine : 0);
 }
 
-QSize SoDialogGroup::getPlannedMinimum()
+SoPlannedContents SoDialogGroup::getPlannedContents()
 {
   m_box.measure(getComponents());
-  return m_box.planMinimum(getComponents(), getSpacing(), getPlannedMargin(), hasVerticalCells());
+  return m_box.planContents(getComponents(), getSpacing(), getPlannedMargin(), hasVerticalCells());
 }
 
 void SoDialogGroup::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)

@@ -62,7 +62,7 @@ public:
   SbVec2i32 getComponentInitSize() override;
   SbVec2i32 getLabelInitSize() override;
   SoCellLimits getCellLimits() const override;
-  QSize getPlannedMinimum() override;
+  SoPlannedContents getPlannedContents() override;
   void resetSize() override;
   void restoreAuthoredSizes() override;
   void updateAfterSceneGraphChange() override;

@@ -17,9 +17,10 @@ constexpr int border = 1; // of the list's plate around the entries
 constexpr int barWidth = 14;
 constexpr int textMargin = 5;
 
-/// Heights over the list's plane. Every plate is one unit thick.
-constexpr float plateFoot = 0.1F;
-constexpr float markFoot = 0.2F;
+/// Heights over the list's plane. Plates from a skin are one unit thick; one that the author filled may be flat, and
+/// must still lie in front of the background.
+constexpr float plateFoot = 1.1F;
+constexpr float markFoot = plateFoot + 0.1F;
 constexpr float textFoot = markFoot + 1.0F;
 
 } // namespace

@@ -168,10 +168,11 @@ std::vector<QRect> SoBoxModel::plan(const Children& children, const QSize& size,
   return rects;
 }
 
-QSize SoBoxModel::planMinimum(const Children& children, int spacing, int margin, bool verticalCells) const
+SoPlannedContents SoBoxModel::planContents(const Children& children, int spacing, int margin, bool verticalCells) const
 {
   std::vector<QRect> rects;
-  return createPlan(children, rects, spacing, margin, verticalCells)->minimumSize();
+  const std::unique_ptr<QBoxLayout> layout = createPlan(children, rects, spacing, margin, verticalCells);
+  return {layout->minimumSize(), layout->expandingDirections()};
 }
 
 void SoBoxModel::order(const Children& children, QBoxLayout* layout)

@@ -11,6 +11,7 @@
 class QBoxLayout;
 class QWidget;
 class SoTopComponent;
+struct SoPlannedContents;
 
 /// The sizes of the children of a container that stacks them along one axis, and what follows from them.
 class QUILLFORM_API SoBoxModel {
@@ -52,8 +53,8 @@ public:
   std::vector<QRect> plan(const Children& children, const QSize& size, int spacing, int margin,
                           bool verticalCells) const;
 
-  /// The smallest size that such a layout accepts.
-  QSize planMinimum(const Children& children, int spacing, int margin, bool verticalCells) const;
+  /// What such a layout wants of the frame around it.
+  SoPlannedContents planContents(const Children& children, int spacing, int margin, bool verticalCells) const;
 
   /// \name Alignment of labels and controls
   /// @{

@@ -13,24 +13,30 @@
 namespace {
 
 /// Dialog elements inside each other that a file may hold. Windows and layouts take stack for every level.
-constexpr int maxDepth = 500;
+constexpr std::size_t maxDepth = 500;
 
-int s_readDepth = 0;
+/// The containers that are being read inside each other, from the outermost one on.
+std::vector<const SoQuillform*> s_beingRead;
 
-/// Counts how many containers are being read inside each other.
-class ReadDepth {
+/// Puts one container among those that are being read.
+class ReadLevel {
 public:
-  ReadDepth()
+  explicit ReadLevel(const SoQuillform* container)
   {
-    ++s_readDepth;
+    s_beingRead.push_back(container);
   }
-  ~ReadDepth()
+  ~ReadLevel()
   {
-    --s_readDepth;
+    s_beingRead.pop_back();
   }
-  ReadDepth(const ReadDepth&) = delete;
-  ReadDepth& operator=(const ReadDepth&) = delete;
+  ReadLevel(const ReadLevel&) = delete;
+  ReadLevel& operator=(const ReadLevel&) = delete;
 };
+
+bool isBeingRead(const SoQuillform* element)
+{
+  return std::find(s_beingRead.begin(), s_beingRead.end(), element) != s_beingRead.end();
+}
 
 bool contains(const SoQuillform* container, const SoQuillform* element)
 {
@@ -89,7 +95,8 @@ bool SoChildElements::isAcceptable(SoNode* child) const
                        nameOf(m_owner), m_rules.childType().getName().getString());
     return false;
   }
-  bool isAncestor = false;
+  // While a file is read, inner groups have no parent yet.
+  bool isAncestor = isBeingRead(element);
   for (const SoQuillform* ancestor = m_owner; ancestor; ancestor = ancestor->getParent()) {
     isAncestor = isAncestor || ancestor == element;
   }
@@ -249,9 +256,9 @@ void SoChildElements::synchronizeNow()
 
 SbBool SoChildElements::readChildren(SoInput* in)
 {
-  const ReadDepth depth;
-  if (s_readDepth > maxDepth) {
-    SoReadError::post(in, "More than %d dialog elements inside each other", maxDepth);
+  const ReadLevel level(m_owner);
+  if (s_beingRead.size() > maxDepth) {
+    SoReadError::post(in, "More than %d dialog elements inside each other", static_cast<int>(maxDepth));
     return FALSE;
   }
   int announced = 0;
@@ -264,9 +271,11 @@ SbBool SoChildElements::readChildren(SoInput* in)
     SoBase* base = nullptr;
     const SbBool ok = SoBase::read(in, base, m_rules.childType());
     if (ok && base) {
+      base->ref(); // a refused node may have no other reference
       if (!insert(static_cast<SoNode*>(base), getNum())) {
         SoReadError::post(in, "A %s is left out here", base->getTypeId().getName().getString());
       }
+      base->unref();
       continue;
     }
     isRead = isRead && ok;

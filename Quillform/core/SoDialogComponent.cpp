@@ -400,17 +400,17 @@ void SoDialogComponent::setPlannedSize(const SbVec2i32& size)
 
 QLayoutItem* SoDialogComponent::createPlannedCell(const QSize& hint, QRect& rect, bool verticalCell)
 {
-  chooseSize({hint.width(), hint.height()}); // the limits follow from it
+  chooseSize({0, 0}); // the limits follow from it, as in the window
   std::unique_ptr<QSpacerItem> spacer;
   QBoxLayout* cell = createCell(verticalCell, spacer);
-  cell->addItem(new SoPlannedItem(hint, getPlannedMinimum(), getCellLimits(), rect));
+  cell->addItem(new SoPlannedItem(hint, getPlannedContents(), getCellLimits(), rect));
   cell->addItem(spacer.release());
   return cell;
 }
 
-QSize SoDialogComponent::getPlannedMinimum()
+SoPlannedContents SoDialogComponent::getPlannedContents()
 {
-  return {0, 0};
+  return {};
 }
 
 void SoDialogComponent::widgetResized(int newWidth, int newHeight)

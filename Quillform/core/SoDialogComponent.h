@@ -23,6 +23,12 @@ struct SoCellLimits {
   QSize maximum = QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
 };
 
+/// What a layout inside a component's frame wants of the frame.
+struct SoPlannedContents {
+  QSize minimum = QSize(0, 0);
+  Qt::Orientations expanding; ///< where it takes all room that the frame's neighbours leave
+};
+
 /// Base of every control and group: the sizing fields, the label beside the control, and the edge.
 ///
 /// A size of 0 is computed from the contents. What the layout computes is stored in the fields while the
@@ -179,8 +185,8 @@ public:
   /// \a hint is the size wanted for the component, and its final rectangle is stored in \a rect.
   QLayoutItem* createPlannedCell(const QSize& hint, QRect& rect, bool verticalCell);
 
-  /// What the contents of the component's frame need at the least, in a layout.
-  virtual QSize getPlannedMinimum();
+  /// What the layout inside the component's frame wants; nothing when there is none.
+  virtual SoPlannedContents getPlannedContents();
 
   /// Tells the frame, if there is one, how large it should be.
   void setPlannedSize(const SbVec2i32& size);

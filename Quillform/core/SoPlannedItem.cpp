@@ -1,13 +1,14 @@
 #include <Quillform/core/SoPlannedItem.h>
 
-SoPlannedItem::SoPlannedItem(const QSize& hint, const QSize& minimumHint, const SoCellLimits& limits, QRect& rect)
-    : m_hint(hint), m_minimumHint(minimumHint), m_limits(limits), m_rect(rect)
+SoPlannedItem::SoPlannedItem(const QSize& hint, const SoPlannedContents& contents, const SoCellLimits& limits,
+                             QRect& rect)
+    : m_hint(hint), m_contents(contents), m_limits(limits), m_rect(rect)
 {
 }
 
 QSize SoPlannedItem::sizeHint() const
 {
-  return m_hint.expandedTo(m_minimumHint).boundedTo(m_limits.maximum).expandedTo(m_limits.minimum);
+  return m_hint.expandedTo(m_contents.minimum).boundedTo(m_limits.maximum).expandedTo(m_limits.minimum);
 }
 
 QSize SoPlannedItem::minimumSize() const
@@ -20,9 +21,9 @@ QSize SoPlannedItem::minimumSize() const
     }
     return qMin(policy == QSizePolicy::Fixed ? qMax(hint, minimumHint) : minimumHint, maximum);
   };
-  return {smallest(m_limits.horizontal, m_hint.width(), m_minimumHint.width(), m_limits.minimum.width(),
+  return {smallest(m_limits.horizontal, m_hint.width(), m_contents.minimum.width(), m_limits.minimum.width(),
                    m_limits.maximum.width()),
-          smallest(m_limits.vertical, m_hint.height(), m_minimumHint.height(), m_limits.minimum.height(),
+          smallest(m_limits.vertical, m_hint.height(), m_contents.minimum.height(), m_limits.minimum.height(),
                    m_limits.maximum.height())};
 }
 
@@ -37,7 +38,14 @@ QSize SoPlannedItem::maximumSize() const
 
 Qt::Orientations SoPlannedItem::expandingDirections() const
 {
-  return {};
+  // As a layout asks a widget: what may not grow does not expand, whatever its contents would like.
+  const auto mayGrow = [](QSizePolicy::Policy policy) {
+    return (policy & QSizePolicy::GrowFlag) != 0;
+  };
+  Qt::Orientations growing;
+  growing.setFlag(Qt::Horizontal, mayGrow(m_limits.horizontal));
+  growing.setFlag(Qt::Vertical, mayGrow(m_limits.vertical));
+  return m_contents.expanding & growing;
 }
 
 void SoPlannedItem::setGeometry(const QRect& rect)

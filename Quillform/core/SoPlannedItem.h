@@ -8,9 +8,9 @@
 /// both forms of a dialog have the same plan.
 class SoPlannedItem : public QLayoutItem {
 public:
-  /// \a hint is the size wanted, \a minimumHint what the frame's contents need at the least; the rectangle that the
-  /// layout gives is stored in \a rect.
-  SoPlannedItem(const QSize& hint, const QSize& minimumHint, const SoCellLimits& limits, QRect& rect);
+  /// \a hint is the size wanted, \a contents what the frame's own layout wants; the rectangle that the layout gives is
+  /// stored in \a rect.
+  SoPlannedItem(const QSize& hint, const SoPlannedContents& contents, const SoCellLimits& limits, QRect& rect);
 
   QSize sizeHint() const override;
   QSize minimumSize() const override;
@@ -22,7 +22,7 @@ public:
 
 private:
   QSize m_hint;
-  QSize m_minimumHint;
+  SoPlannedContents m_contents;
   SoCellLimits m_limits;
   QRect& m_rect;
 };

@@ -271,8 +271,24 @@ TEST_F(GroupTest, aNodeThatWouldContainItselfIsRefused)
 TEST_F(GroupTest, aFileInWhichAGroupContainsItselfLosesThatPlaceWithAMessage)
 {
   const Messages messages;
-  load("TopLevelDialog { DEF A RowDialog { ColumnDialog { USE A } DialogLabel { label \"x\" } } }");
-  EXPECT_GE(messages.count("cannot stand inside itself"), 1);
+  SoTopLevelDialog* dialog =
+    load("TopLevelDialog { DEF A RowDialog { DEF B ColumnDialog { USE A } DialogLabel { label \"x\" } } }");
+  EXPECT_EQ(messages.count("cannot stand inside itself"), 1);
+  ASSERT_NE(dialog, nullptr);
+  ASSERT_EQ(dialog->getNumChildren(), 1);
+  auto* row = static_cast<SoRowDialog*>(dialog->getChild(0));
+  ASSERT_EQ(row->getNumChildren(), 2);
+  EXPECT_EQ(static_cast<SoColumnDialog*>(row->getChild(0))->getNumChildren(), 0);
+}
+
+TEST_F(GroupTest, aGroupInsideWhichAPlaceWasLostCanStillBeNamed)
+{
+  Messages messages;
+  SoTopLevelDialog* dialog = load("TopLevelDialog { DEF A RowDialog { DEF B ColumnDialog { USE A } } USE B USE A }");
+  EXPECT_EQ(messages.count("cannot stand inside itself"), 1);
+  EXPECT_EQ(messages.count("use a copy"), 2); // both have their places already
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_EQ(dialog->getNumChildren(), 1);
 }
 
 TEST_F(GroupTest, bothFormsHaveTheSamePlan)

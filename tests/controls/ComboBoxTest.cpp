@@ -77,7 +77,7 @@ protected:
   {
     const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_combo, "itemsSwitch"));
     const float height = list.getMax()[1] - list.getMin()[1];
-    return m_scene.pixel(list.getMin()[0] + 20.0F,
+    return m_scene.pixel(list.getMin()[0] + 8.0F, // a scroll bar takes the right part of a narrow list
                          list.getMax()[1] - height * (static_cast<float>(row) + 0.5F) / static_cast<float>(rows));
   }
 
@@ -469,14 +469,15 @@ TEST_F(ComboBoxTest, anotherElementThatBecomesActiveClosesTheList)
 
 TEST_F(ComboBoxTest, listsThatOpenInTurnStayAtTheSameHeight)
 {
-  m_dialog = load("TopLevelDialog { RowDialog { DialogComboBox { width 100 items [ \"a\", \"b\" ] }"
+  // Side by side, so that no list covers the other box.
+  m_dialog = load("TopLevelDialog { ColumnDialog { DialogComboBox { width 100 items [ \"a\", \"b\" ] }"
                   " DialogComboBox { width 100 items [ \"a\", \"b\" ] } } }");
   ASSERT_NE(m_dialog, nullptr);
-  auto* row = static_cast<SoRowDialog*>(m_dialog->getChild(0));
+  auto* column = static_cast<SoColumnDialog*>(m_dialog->getChild(0));
   m_scene.open(m_dialog);
   float firstFront = 0.0F;
   for (int i = 0; i < 6; i++) {
-    m_combo = static_cast<SoDialogComboBox*>(row->getChild(i % 2));
+    m_combo = static_cast<SoDialogComboBox*>(column->getChild(i % 2));
     pressBox();
     ASSERT_TRUE(isListOpen());
     const float front = Plan::boxOf(m_dialog, Plan::partOf(m_combo, "itemsSwitch")).getMax()[2];
@@ -542,7 +543,9 @@ TEST_F(ComboBoxTest, theScrollBarStepsPagesAndDragsWithoutChoosing)
   const float x = box.getMax()[0] - 8.0F;
   const SbVec2s up = m_scene.pixel(x, box.getMax()[1] - 8.0F);
   const SbVec2s down = m_scene.pixel(x, box.getMin()[1] + 8.0F);
-  const auto first = [list] { return Choices::textsIn(list)[0]; };
+  const auto first = [list] {
+    return Choices::textsIn(list)[0];
+  };
   EXPECT_EQ(first(), "e0");
   m_scene.click(down);
   EXPECT_EQ(first(), "e1");
@@ -645,4 +648,17 @@ TEST_F(ComboBoxTest, theListTakesItsGeometryFromThePartThatTheAuthorFilled)
   m_combo->selectedItem = 0;
   m_combo->selectedItem.setDefault(TRUE);
   EXPECT_EQ(toText(m_dialog), before);
+}
+
+TEST_F(ComboBoxTest, aFlatPlateThatTheAuthorFilledIsPressed)
+{
+  m_dialog = load("TopLevelDialog { DialogComboBox { items [ \"a\", \"b\" ] itemFrame Group { Coordinate3 { point "
+                  "[ -0.5 -0.5 0, 0.5 -0.5 0, 0.5 0.5 0, -0.5 0.5 0 ] } FaceSet { } } } }");
+  ASSERT_NE(m_dialog, nullptr);
+  m_combo = static_cast<SoDialogComboBox*>(m_dialog->getChild(0));
+  m_scene.open(m_dialog);
+  pressBox();
+  const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_combo, "itemsSwitch"));
+  m_scene.click(m_scene.pixel(list.getMax()[0] - 4.0F, list.getMin()[1] + 4.0F)); // beside the text
+  EXPECT_EQ(m_combo->selectedItem.getValue(), 1);
 }

@@ -271,6 +271,24 @@ TEST_F(SamePlanTest, afterEveryChangeOfTheContents)
   });
 }
 
+TEST_F(SamePlanTest, slidersInRowsAndColumnsAlsoAfterARowWasAdded)
+{
+  const std::string sliders = "DialogIntegerSlider { label \"A\" } DialogRealSlider { label \"A longer label\" } ";
+  const std::string contents = sliders + "DialogPushButton { buttonLabel \"B\" } RowDialog { edgeStyle SHADOW_IN " +
+                               sliders + "DialogSeparator { } } ColumnDialog { columnSpacing 3 " + sliders +
+                               "DialogSeparator { } DialogPushButton { fixedHeight TRUE } } ";
+  for (const std::string size : {"", "width 600 height 500 ", "width 10 height 10 ",
+                                 "minWidth 5 minHeight 5 height 70 ", "margin 5 rowSpacing 3 "}) {
+    const std::string text = "TopLevelDialog { " + size + contents + "}";
+    checkText(text);
+    checkAfter(load(text), "addChild to " + text, [](SoTopLevelDialog* dialog) {
+      auto* added = new SoDialogIntegerSlider;
+      added->label = "Added";
+      dialog->addChild(added);
+    });
+  }
+}
+
 TEST_F(SamePlanTest, theTitleIsCentredAndTheTextsAreAligned)
 {
   SoTopLevelDialog* dialog = load("TopLevelDialog { width 300 height 100 label \"Title\" "
