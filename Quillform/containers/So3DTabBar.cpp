@@ -205,7 +205,7 @@ void So3DTabBar::placeTab(Tab& tab, const Row& row, int index, int start, int wi
   turn(tab.lift, isUpright(row.side) ? angle : 0.0F);
   const SbString& label = row.labels[static_cast<std::size_t>(index)];
   const int margin = std::min(SoTabPlan::getTabMargin(), shown / 2);
-  tab.text.setText(elide(SoText::withoutMnemonic(label), shown - margin));
+  tab.text.setText(elide(SoText::withoutMnemonic(label), width - margin));
   tab.text.fit(QRect(0, 0, size[0], size[1]).adjusted(margin / 2, 0, -margin / 2, 0), size, SoQuillform::CENTER, 0.0F,
                action);
 }

@@ -212,7 +212,7 @@ void SoTabDialog::followPages()
 
 void SoTabDialog::updateAfterSceneGraphChange()
 {
-  if (isWidgetBuilt() || isBuilt3D() != 0) {
+  if (m_isFollowing) {
     followPages();
     if (!getFirstTopParent(0, 0)) {
       updatePages(); // nobody else builds the tab dialog anew
@@ -259,6 +259,7 @@ SbBool SoTabDialog::hasVerticalCells() const
 
 void SoTabDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
 {
+  m_isFollowing = true;
   followPages();
   inherited::buildWidget(parent, size, position, asWidget);
   m_watched.watch(selectedPage);

@@ -160,6 +160,7 @@ private:
   std::vector<const SoTopComponent*> m_pages;    // when they last changed; only compared, they may be gone
   std::vector<const SoTopComponent*> m_tabs;     // the pages that have a tab in the window; likewise
   std::unique_ptr<SoWatchedFields> m_pageLabels; // of the pages
+  bool m_isFollowing = false;                    // the first build has begun: the selected page stays selected
   So3DTabBar m_bar3D;
   SoTransform* m_frameTransform = nullptr;          // below frameSep, which owns it
   const SoDialogComponent* m_pressedPage = nullptr; // whose tab is held down in the scene; only compared
