@@ -115,18 +115,36 @@ protected:
   /// The layout of the group's frame, of the kind and name that the class wants.
   virtual QBoxLayout* createGroupLayout(QWidget* frame);
 
-  /// Adds the edge of a row or column, 6 pixels, to a size: once within the unbounded size, else \a times times.
-  static void addEdge(SbVec2i32& size, int times);
+  /// What a row or column needs around its children, in pixels.
+  static constexpr int edge = 6;
+
+  /// Adds \a border to a size: once within the unbounded size, else \a times times.
+  static void addBorder(SbVec2i32& size, const SbVec2i32& border, int times);
 
   /// Brings the spacing of the layout up to date.
   void changeSpacing();
 
   SoBoxModel::Children getComponents() const;
 
+  /// Makes the group's frame and puts it into the group's cell.
+  virtual void createGroupWidget();
+
+  /// Builds the children into the group's frame, which is made when it is missing.
+  virtual void updateChildren();
+
+  /// Builds the children in the scene, where planChildren wants them.
+  virtual void update3DChildren();
+
+  /// The rectangles of the children in the scene, from the group's top-left corner.
+  virtual std::vector<QRect> planChildren();
+
+  /// Height of the surface on which the children stand in the scene, over the group's origin.
+  virtual float getFaceHeight() const;
+
+  /// Reports \a caller as a group without auditors of its own does: to the parent, or to the default auditor.
+  void applyOuterAuditor(SoQuillform* caller);
+
 private:
-  void createGroupWidget();
-  void updateChildren();
-  void update3DChildren();
   int getContentsMargin() const;
   int getPlannedMargin() const;
   void distribute(const SbVec2i32& newSize, int axis);

@@ -206,6 +206,7 @@ public:
   /// \name 3D form
   /// @{
   void show3D(int show) override;
+  SbBool shows3D(const SoQuillform* child) const override;
   void show3DChildren(int show);
   void minimize3DDialog();
   void restore3DDialog();

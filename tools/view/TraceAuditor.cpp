@@ -1,6 +1,8 @@
 #include "TraceAuditor.h"
 
+#include <Inventor/actions/SoSearchAction.h>
 #include <QString>
+#include <Quillform/containers/SoTabDialog.h>
 #include <Quillform/controls/SoDialogEditText.h>
 #include <Quillform/controls/SoDialogPushButton.h>
 #include <cstdio>
@@ -60,5 +62,25 @@ void TraceAuditor::dialogEditText(SoDialogEditText* cpt)
   TraceLine("dialogEditText", cpt)
     .value("label", cpt->label.getValue())
     .value("editText", cpt->editText.getValue())
+    .print();
+}
+
+void TabTraceAuditor::listenTo(SoQuillform* dialog)
+{
+  SoSearchAction search;
+  search.setType(SoTabDialog::getClassTypeId());
+  search.setInterest(SoSearchAction::ALL);
+  search.apply(dialog);
+  for (int i = 0; i < search.getPaths().getLength(); i++) {
+    static_cast<SoTabDialog*>(search.getPaths()[i]->getTail())->addAuditor(this);
+  }
+}
+
+void TabTraceAuditor::tabDialog(SoTabDialog* cpt)
+{
+  const SoDialogComponent* page = cpt->getChild(cpt->selectedPage.getValue());
+  TraceLine("tabDialog", cpt)
+    .value("selectedPage", SbString(cpt->selectedPage.getValue()))
+    .value("label", page ? page->label.getValue() : "")
     .print();
 }
