@@ -180,10 +180,10 @@ void So3DTabBar::show(const Row& row, SoGetBoundingBoxAction* action)
     end += widths[next() - 1];
   }
   setTabCount(static_cast<int>(starts.size()));
-  for (int i = 0; i < m_inSight; i++) {
-    const int start = starts[static_cast<std::size_t>(i)];
-    const int width = std::min(widths[static_cast<std::size_t>(m_first + i)], std::max(room, 0));
-    placeTab(m_tabs[static_cast<std::size_t>(i)], row, m_first + i, start, width, action);
+  for (std::size_t i = 0; i < starts.size(); i++) {
+    const int index = m_first + static_cast<int>(i);
+    const int width = std::min(widths[static_cast<std::size_t>(index)], std::max(room, 0));
+    placeTab(m_tabs[i], row, index, starts[i], width, action);
   }
 }
 

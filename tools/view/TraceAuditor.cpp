@@ -1,10 +1,10 @@
 #include "TraceAuditor.h"
 
-#include <Inventor/actions/SoSearchAction.h>
 #include <QString>
 #include <Quillform/containers/SoTabDialog.h>
 #include <Quillform/controls/SoDialogEditText.h>
 #include <Quillform/controls/SoDialogPushButton.h>
+#include <Quillform/core/SoChildElements.h>
 #include <cstdio>
 
 namespace {
@@ -67,12 +67,12 @@ void TraceAuditor::dialogEditText(SoDialogEditText* cpt)
 
 void TabTraceAuditor::listenTo(SoQuillform* dialog)
 {
-  SoSearchAction search;
-  search.setType(SoTabDialog::getClassTypeId());
-  search.setInterest(SoSearchAction::ALL);
-  search.apply(dialog);
-  for (int i = 0; i < search.getPaths().getLength(); i++) {
-    static_cast<SoTabDialog*>(search.getPaths()[i]->getTail())->addAuditor(this);
+  if (auto* tabs = dynamic_cast<SoTabDialog*>(dialog)) {
+    tabs->addAuditor(this);
+  }
+  const SoChildElements* children = dialog->getChildElements();
+  for (int i = 0; children && i < children->getNum(); i++) {
+    listenTo(children->get(i));
   }
 }
 
