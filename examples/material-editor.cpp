@@ -1,7 +1,6 @@
 // Shows a sphere in an examiner viewer, and a dialog that changes its material, its light and how it is drawn.
 //
 //   material-editor [--scene] [--print-changes] [DIALOG.iv]
-//
 //   --scene          the dialog is geometry beside the sphere and not a window; Escape lets the mouse turn both
 //   --print-changes  prints a line for every change of the model: the node, its field and the new value
 //   DIALOG.iv        the dialog file; material-editor.iv beside the program when none is named
@@ -11,9 +10,7 @@
 #include <Inventor/nodes/SoNodes.h>
 #include <Inventor/sensors/SoNodeSensor.h>
 #include <QCoreApplication>
-#include <QtMath>
 #include <Quillform/Quillform.h>
-#include <initializer_list>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -32,13 +29,17 @@ struct Model {
 
   Model()
   {
+    root->ref();
     auto* below = new SoTransform;
-    below->translation.setValue(0.0F, -1.4F, 0.0F);
-    name->justification = SoText2::CENTER;
+    below->translation.setValue(-0.3F, -1.4F, 0.0F);
     material->diffuseColor.setValue(0.78F, 0.4F, 0.22F);
     for (SoNode* node : std::initializer_list<SoNode*>{light, style, complexity, material, new SoSphere, below, name}) {
       root->addChild(node);
     }
+  }
+  ~Model()
+  {
+    root->unref();
   }
 };
 
@@ -61,7 +62,7 @@ void change(Field& field, const Value& value)
   Field wanted;
   wanted.setValue(value);
   if (field != wanted) {
-    field = wanted;
+    field.setValue(value);
   }
 }
 
@@ -111,8 +112,7 @@ private:
   {
     auto* control = dynamic_cast<Control*>(m_dialog->searchForAuditorId(id));
     if (!control) {
-      throw std::runtime_error(std::string("it has no ") + Control::getClassTypeId().getName().getString() +
-                               " with the auditorID \"" + id + "\"");
+      throw std::runtime_error(std::string("it has no control of the right kind with the auditorID ") + id);
     }
     return control;
   }
@@ -147,15 +147,12 @@ private:
   void takeDialog() const
   {
     static const SbColor colors[] = {{1.0F, 1.0F, 1.0F}, {1.0F, 0.85F, 0.6F}, {1.0F, 0.6F, 0.25F}};
-    SbVec3f direction(0.0F, 0.0F, -1.0F);
-    SbRotation(SbVec3f(-1.0F, 0.0F, 0.0F), qDegreesToRadians(number("above"))).multVec(direction, direction);
-    SbRotation(SbVec3f(0.0F, 1.0F, 0.0F), qDegreesToRadians(number("around"))).multVec(direction, direction);
     change(m_model.name->string, find<SoDialogEditText>("name")->editText.getValue());
     change(color(), SbColor(number("red"), number("green"), number("blue")));
     change(m_model.material->shininess, number("shininess"));
     change(m_model.material->transparency, number("transparency"));
     change(m_model.light->on, find<SoDialogCheckBox>("on")->state.getValue());
-    change(m_model.light->direction, direction);
+    change(m_model.light->direction, SbVec3f(number("sideways"), number("upwards"), -1.0F));
     change(m_model.light->intensity, number("intensity"));
     change(m_model.light->color, colors[choice("lightColor") % 3]);
     change(m_model.complexity->value, number("complexity"));
@@ -186,6 +183,7 @@ class Viewer : public SoQtExaminerViewer {
 void edit(SoTopLevelDialog* dialog, bool inScene, bool printsChanges)
 {
   const Model model;
+  Editor editor(dialog, model);
   auto* camera = new SoPerspectiveCamera;
   camera->position.setValue(inScene ? 1.4F : 0.0F, -0.1F, 4.4F);
   auto* scene = new SoSeparator;
@@ -204,20 +202,18 @@ void edit(SoTopLevelDialog* dialog, bool inScene, bool printsChanges)
   viewer.setSize(inScene ? SbVec2s(1000, 600) : SbVec2s(640, 600));
   viewer.setHeadlight(FALSE);
   viewer.setTransparencyType(SoGLRenderAction::SORTED_OBJECT_BLEND);
-  viewer.setWindowCloseCallback([](void* /*data*/, SoQtComponent* /*viewer*/) { SoQt::exitMainLoop(); });
   viewer.setSampleBuffers(4);
-  viewer.setBackgroundColor(SbColor(0.3F, 0.3F, 0.35F));
   viewer.setSceneGraph(scene);
   viewer.setViewing(!inScene); // in the scene the mouse operates the dialog
-
-  Editor editor(dialog, model);
   SoNodeSensor sensor(printChange, nullptr);
   sensor.setPriority(0); // for every change, not once when the program is idle
   if (printsChanges) {
     sensor.attach(model.root);
   }
   SoInSceneMode::setEnabled(inScene);
-  dialog->buildDialog(nullptr, FALSE);
+  if (QWidget* window = dialog->buildDialog(nullptr, FALSE)) {
+    window->setAttribute(Qt::WA_QuitOnClose, false); // the program ends with the window of the model
+  }
   viewer.show();
   dialog->show();
   SoQt::mainLoop();

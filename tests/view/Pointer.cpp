@@ -47,9 +47,47 @@ void Pointer::click(unsigned long window, const QPoint& at) const
            "0.2", "mousedown", "1", "sleep", "0.2", "mouseup", "1"});
 }
 
+void Pointer::drag(unsigned long window, const QPoint& from, const QPoint& to) const
+{
+  const QString name = QString::number(window);
+  const QPoint middle = (from + to) / 2;
+  xdotool({"mousemove",
+           "--window",
+           name,
+           QString::number(from.x()),
+           QString::number(from.y()),
+           "sleep",
+           "0.2",
+           "mousedown",
+           "1",
+           "sleep",
+           "0.2",
+           "mousemove",
+           "--window",
+           name,
+           QString::number(middle.x()),
+           QString::number(middle.y()),
+           "sleep",
+           "0.2",
+           "mousemove",
+           "--window",
+           name,
+           QString::number(to.x()),
+           QString::number(to.y()),
+           "sleep",
+           "0.2",
+           "mouseup",
+           "1"});
+}
+
 void Pointer::pressKey(unsigned long window, const QString& key) const
 {
   xdotool({"windowfocus", QString::number(window), "sleep", "0.2", "key", key});
+}
+
+void Pointer::type(const QString& text) const
+{
+  xdotool({"type", "--delay", "40", text});
 }
 
 void Pointer::close(unsigned long window) const

@@ -18,7 +18,13 @@ public:
   /// Presses and releases the left button at a place in the window.
   void click(unsigned long window, const QPoint& at) const;
 
+  /// Presses the left button at one place in the window, and releases it at another.
+  void drag(unsigned long window, const QPoint& from, const QPoint& to) const;
+
   void pressKey(unsigned long window, const QString& key) const;
+
+  /// Types a text in the window that has the keyboard.
+  void type(const QString& text) const;
 
   /// Asks the program to close the window, as a window manager does for its user.
   void close(unsigned long window) const;
