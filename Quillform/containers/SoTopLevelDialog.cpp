@@ -367,6 +367,26 @@ void SoTopLevelDialog::prepareSizes(int asWidget)
   }
 }
 
+void SoTopLevelDialog::leaveRoomForRows(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+{
+  // The rows of some controls need more than their minimum fields say; in a smaller window they would overlap.
+  const SoBoxModel::Children children = getComponents();
+  m_box.measure(children);
+  const QSize needed = m_box.planContents(children, m_layoutSpacing, 0, false).minimum;
+  constexpr SoAuthoredSizes::Index minFields[] = {SoAuthoredSizes::MIN_WIDTH, SoAuthoredSizes::MIN_HEIGHT};
+  constexpr SoAuthoredSizes::Index maxFields[] = {SoAuthoredSizes::MAX_WIDTH, SoAuthoredSizes::MAX_HEIGHT};
+  for (int i = 0; i < 2; i++) {
+    if (m_authored.get(minFields[i]) != 0) {
+      continue; // the author wants the window to become that small
+    }
+    const int largest = m_authored.get(maxFields[i]);
+    const int room = i == 0 ? needed.width() : needed.height();
+    min[i] = std::max(min[i], largest > 0 ? std::min(room, largest) : room);
+    size[i] = std::max(size[i], min[i]);
+    max[i] = std::max(max[i], min[i]);
+  }
+}
+
 void SoTopLevelDialog::computeNewChildrenHeight(SbVec2i32& newSize)
 {
   SbVec2i32 defaultSize(0, 0);
@@ -396,6 +416,7 @@ void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
       chosen[i] = size[i] < min[i] ? min[i] : std::min(size[i], max[i]);
     }
   }
+  leaveRoomForRows(chosen, min, max);
   if (!resizable.getValue()) {
     min = max = chosen;
   }

@@ -250,6 +250,7 @@ private:
   void createBaseWidget(QWidget* parent);
   void updateBaseWidget();
   void prepareSizes(int asWidget);
+  void leaveRoomForRows(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
   void applyLimits();
   bool hasWidgets() const;
   SoBoxModel::Children getComponents() const;

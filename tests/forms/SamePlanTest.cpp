@@ -289,6 +289,55 @@ TEST_F(SamePlanTest, slidersInRowsAndColumnsAlsoAfterARowWasAdded)
   }
 }
 
+TEST_F(SamePlanTest, rowsThatNeedMoreThanTheirMinimumDoNotOverlap)
+{
+  for (const std::string size : {"", "width 10 height 10 ", "resizable FALSE width 10 height 10 "}) {
+    SoTopLevelDialog* window = load("TopLevelDialog { " + size +
+                                    "DialogIntegerSlider { label \"A\" } DialogSeparator { } DialogRealSlider { } "
+                                    "DialogSeparator { } DialogPushButton { buttonLabel \"B\" } }");
+    SoTopLevelDialog* inScene = copyOf(window);
+    Scene scene;
+    scene.open(inScene);
+    window->buildDialog(nullptr, FALSE);
+    window->show();
+    settle();
+    const auto expectNoOverlap = [&](const std::string& where) {
+      for (const auto& plan : {Plan::windowPlan(window), Plan::scenePlan(inScene)}) {
+        for (std::size_t i = 1; i < plan.size(); i++) {
+          EXPECT_GE(plan[i].top(), plan[i - 1].bottom()) << where << " " << size << i;
+        }
+        EXPECT_LE(plan.back().bottom(), window->getWidget()->height()) << where << " " << size;
+      }
+      expectSamePlan(window, inScene, where + " " + size);
+    };
+    expectNoOverlap("built");
+    for (SoTopLevelDialog* dialog : {window, inScene}) {
+      dialog->addChild(new SoDialogIntegerSlider); // the window keeps its size if it can
+    }
+    settle();
+    expectNoOverlap("added");
+    window->getWidget()->resize(1, 1);
+    settle();
+    EXPECT_EQ(window->getWidget()->size(), QSize(window->minWidth.getValue(), window->minHeight.getValue()));
+    const auto smallest = Plan::windowPlan(window);
+    EXPECT_LE(smallest.back().bottom(), window->getWidget()->height()) << size;
+    inScene->unref();
+  }
+}
+
+TEST_F(SamePlanTest, limitsOfTheAuthorCountMoreThanTheRoomForTheRows)
+{
+  SoTopLevelDialog* low = load("TopLevelDialog { minHeight 20 height 20 DialogIntegerSlider { } }");
+  SoTopLevelDialog* narrow = load("TopLevelDialog { maxWidth 60 DialogIntegerSlider { } }");
+  for (SoTopLevelDialog* dialog : {low, narrow}) {
+    dialog->buildDialog(nullptr, FALSE);
+    dialog->show();
+  }
+  settle();
+  EXPECT_EQ(low->getWidget()->height(), 20);
+  EXPECT_EQ(narrow->getWidget()->width(), 60);
+}
+
 TEST_F(SamePlanTest, theTitleIsCentredAndTheTextsAreAligned)
 {
   SoTopLevelDialog* dialog = load("TopLevelDialog { width 300 height 100 label \"Title\" "
