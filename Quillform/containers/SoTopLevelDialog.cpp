@@ -372,18 +372,17 @@ void SoTopLevelDialog::leaveRoomForRows(SbVec2i32& size, SbVec2i32& min, SbVec2i
   // The rows of some controls need more than their minimum fields say; in a smaller window they would overlap.
   const SoBoxModel::Children children = getComponents();
   m_box.measure(children);
-  const QSize needed = m_box.planContents(children, m_layoutSpacing, 0, false).minimum;
-  constexpr SoAuthoredSizes::Index minFields[] = {SoAuthoredSizes::MIN_WIDTH, SoAuthoredSizes::MIN_HEIGHT};
-  constexpr SoAuthoredSizes::Index maxFields[] = {SoAuthoredSizes::MAX_WIDTH, SoAuthoredSizes::MAX_HEIGHT};
-  for (int i = 0; i < 2; i++) {
-    if (m_authored.get(minFields[i]) != 0) {
+  const SbVec2i32 needed = m_box.getLeastSize(children, m_layoutSpacing);
+  const SoSizingFields::Values authored = m_sizes.getAuthored();
+  for (std::size_t i = 0; i < 2; i++) {
+    if (authored[SoSizingFields::MIN_WIDTH + i] != 0) {
       continue; // the author wants the window to become that small
     }
-    const int largest = m_authored.get(maxFields[i]);
-    const int room = i == 0 ? needed.width() : needed.height();
-    min[i] = std::max(min[i], largest > 0 ? std::min(room, largest) : room);
-    size[i] = std::max(size[i], min[i]);
-    max[i] = std::max(max[i], min[i]);
+    const int axis = static_cast<int>(i);
+    const int largest = authored[SoSizingFields::MAX_WIDTH + i];
+    min[axis] = std::max(min[axis], largest > 0 ? std::min(needed[axis], largest) : needed[axis]);
+    size[axis] = std::max(size[axis], min[axis]);
+    max[axis] = std::max(max[axis], min[axis]);
   }
 }
 

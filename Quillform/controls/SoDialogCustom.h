@@ -26,6 +26,7 @@ public:
   QBoxLayout* getLayout() const override;
 
   void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
+  bool hasSizeAsMinimum() const override;
   SoCellLimits getCellLimits() const override;
   void changeEdgeStyle() override;
 

@@ -98,11 +98,9 @@ void SoDialogRadioButtons::resetSize()
   inherited::resetSize();
 }
 
-SoCellLimits SoDialogRadioButtons::getCellLimits() const
+bool SoDialogRadioButtons::hasSizeAsMinimum() const
 {
-  SoCellLimits limits = inherited::getCellLimits();
-  limits.minimum = QSize(width.getValue(), height.getValue()); // the size itself: this is meant
-  return limits;
+  return true; // not minWidth and minHeight: this is meant
 }
 
 // Building

@@ -63,7 +63,7 @@ public:
   void resetSize() override;
   SbVec2i32 getComponentInitSize() override;
   void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
-  SoCellLimits getCellLimits() const override;
+  bool hasSizeAsMinimum() const override;
   void changeEnable() override;
   void changeLabel() override;
   void changeLabelAlignment() override;

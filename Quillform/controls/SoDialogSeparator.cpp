@@ -47,10 +47,14 @@ void SoDialogSeparator::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i3
   max[across] = thickness;
 }
 
+bool SoDialogSeparator::hasSizeAsMinimum() const
+{
+  return true;
+}
+
 SoCellLimits SoDialogSeparator::getCellLimits() const
 {
   SoCellLimits limits = inherited::getCellLimits();
-  limits.minimum = QSize(width.getValue(), height.getValue());
   if (m_isHorizontal != 0) {
     limits.maximum.setHeight(maxHeight.getValue());
   }

@@ -40,6 +40,7 @@ public:
   void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
   void updateFromSensor(SoSensor* sensor) override;
   void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
+  bool hasSizeAsMinimum() const override;
   SoCellLimits getCellLimits() const override;
   void changeEdgeStyle() override;
 

@@ -276,11 +276,9 @@ void SoDialogSlider::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& 
   }
 }
 
-SoCellLimits SoDialogSlider::getCellLimits() const
+bool SoDialogSlider::hasSizeAsMinimum() const
 {
-  SoCellLimits limits = inherited::getCellLimits();
-  limits.minimum = QSize(width.getValue(), height.getValue()); // not minWidth and minHeight: this is meant
-  return limits;
+  return true; // not minWidth and minHeight: this is meant
 }
 
 int SoDialogSlider::getEditZoneWidth() const

@@ -146,7 +146,7 @@ public:
   void handleEvent(SoHandleEventAction* action) override;
   SbVec2i32 getComponentInitSize() override;
   void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
-  SoCellLimits getCellLimits() const override;
+  bool hasSizeAsMinimum() const override;
   void setFocus() override;
   void changeEnable() override;
   void changeLabel() override;
