@@ -324,7 +324,9 @@ void SoDialogGroup::createGroupWidget()
 
 void SoDialogGroup::updateChildren()
 {
-  m_box.buildWidgets(getComponents(), getWidget(), m_groupLayout);
+  if (m_groupLayout) {
+    m_box.buildWidgets(getComponents(), getWidget(), m_groupLayout);
+  }
 }
 
 void SoDialogGroup::destroyWidget()

@@ -97,6 +97,13 @@ public:
   using SoQuillform::getChildElements;
   SoChildElements* getChildElements() override;
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void updateChildren();   ///< builds the widgets of the children
+  void update3DChildren(); ///< plans and builds the 3D forms of the children
+  /// @}
+
 protected:
   ~SoDialogGroup() override;
 
@@ -125,8 +132,6 @@ protected:
 
 private:
   void createGroupWidget();
-  void updateChildren();
-  void update3DChildren();
   int getContentsMargin() const;
   int getPlannedMargin() const;
   void distribute(const SbVec2i32& newSize, int axis);

@@ -477,6 +477,9 @@ void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
 
 void SoTopLevelDialog::createBaseWidget(QWidget* parent)
 {
+  if (m_base) {
+    return;
+  }
   if (m_buildInsideParent != 0 && parent) {
     m_base = parent;
     delete parent->layout();
@@ -509,7 +512,9 @@ void SoTopLevelDialog::updateBaseWidget()
 
 void SoTopLevelDialog::updateChildren()
 {
-  m_box.buildWidgets(getComponents(), m_base, m_layout);
+  if (m_layout) {
+    m_box.buildWidgets(getComponents(), m_base, m_layout);
+  }
 }
 
 void SoTopLevelDialog::updateDialogBuild(int asWidget)
@@ -648,6 +653,9 @@ void SoTopLevelDialog::changeLabel()
 
 void SoTopLevelDialog::create3DTopLevelDialog()
 {
+  if (m_frameTransform) {
+    return;
+  }
   loadFontProperties();
   apply3DParentTranslation();
   m_frameTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("frameSep"));

@@ -30,12 +30,16 @@ public:
   SoCellLimits getCellLimits() const override;
   void changeEdgeStyle() override;
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void addChildWidget(); ///< puts the application's widget into the frame
+  /// @}
+
 protected:
   ~SoDialogCustom() override;
 
 private:
-  void addChildWidget();
-
   QPointer<QBoxLayout> m_contents; // of the frame
 };
 

@@ -68,21 +68,20 @@ void SoDialogSeparator::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32&
 {
   inherited::buildWidget(parent, size, position, asWidget);
   if (asWidget != 0) {
-    if (!getRelay<SoDialogQSeparator>()) {
-      createSeparatorWidget();
-    }
+    createSeparatorWidget();
     placeWidgets();
   }
   else {
-    if (!m_lineTransform) {
-      create3DSeparator();
-    }
+    create3DSeparator();
     update3D();
   }
 }
 
 void SoDialogSeparator::createSeparatorWidget()
 {
+  if (!takesFrame()) {
+    return;
+  }
   setFrame(new SoDialogQSeparator(getWidget(), this));
   changeEdgeStyle();
   changeEnable();
@@ -110,6 +109,9 @@ void SoDialogSeparator::changeEdgeStyle()
 
 void SoDialogSeparator::create3DSeparator()
 {
+  if (m_lineTransform) {
+    return;
+  }
   fillFromSkin("vFrame", getSkin().getPart("DialogSeparatorVertical"));
   fillFromSkin("hFrame", getSkin().getPart("DialogSeparatorHorizontal"));
   m_lineTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("frameSep"));

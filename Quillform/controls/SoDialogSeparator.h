@@ -44,6 +44,13 @@ public:
   SoCellLimits getCellLimits() const override;
   void changeEdgeStyle() override;
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void createSeparatorWidget(); ///< makes the relay
+  void create3DSeparator();     ///< makes the 3D form
+  /// @}
+
 protected:
   ~SoDialogSeparator() override;
 
@@ -51,9 +58,6 @@ protected:
   void update3D() override;
 
 private:
-  void createSeparatorWidget();
-  void create3DSeparator();
-
   int m_isHorizontal = 1;
   SoTransform* m_lineTransform = nullptr; // below frameSep, which owns it
 };

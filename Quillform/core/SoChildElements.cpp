@@ -254,6 +254,26 @@ void SoChildElements::synchronizeNow()
   }
 }
 
+bool SoChildElements::refusesWord(SoInput* in) const
+{
+  SbName word;
+  if (!in->read(word, TRUE) || word.getLength() == 0) {
+    return false; // the element ends here
+  }
+  const bool isReference = word == "DEF" || word == "USE";
+  char next = '{';
+  if (!isReference && in->read(next)) {
+    in->putBack(next);
+  }
+  in->putBack(word.getString());
+  if (next == '{') {
+    return false;
+  }
+  SoReadError::post(in, "\"%s\" is no field of %s, and no element follows", word.getString(),
+                    m_owner->getTypeId().getName().getString());
+  return true;
+}
+
 SbBool SoChildElements::readChildren(SoInput* in)
 {
   const ReadLevel level(m_owner);
@@ -268,6 +288,9 @@ SbBool SoChildElements::readChildren(SoInput* in)
   }
   SbBool isRead = TRUE;
   for (int i = 0; !in->isBinary() || i < announced; i++) {
+    if (!in->isBinary() && refusesWord(in)) {
+      return FALSE;
+    }
     SoBase* base = nullptr;
     const SbBool ok = SoBase::read(in, base, m_rules.childType());
     if (ok && base) {

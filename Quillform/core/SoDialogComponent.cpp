@@ -338,6 +338,11 @@ void SoDialogComponent::createComponentWidget(QWidget* parent)
   }
 }
 
+bool SoDialogComponent::takesFrame() const
+{
+  return m_cell && !m_frame;
+}
+
 void SoDialogComponent::setFrame(QFrame* frame)
 {
   m_frame = frame;

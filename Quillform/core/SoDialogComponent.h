@@ -221,6 +221,9 @@ protected:
   /// TRUE when the build depends on more than the component's fields and the sizes that its container gives it.
   virtual bool isAlwaysBuilt() const;
 
+  /// TRUE while the component has its cell but no frame in it yet.
+  bool takesFrame() const;
+
   /// Makes \a frame the component's widget.
   void setFrame(QFrame* frame);
 
