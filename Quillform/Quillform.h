@@ -21,6 +21,7 @@
 #include <Quillform/containers/SoColumnDialog.h>
 #include <Quillform/containers/SoDialogGroup.h>
 #include <Quillform/containers/SoRowDialog.h>
+#include <Quillform/containers/SoTabDialog.h>
 #include <Quillform/containers/SoTopLevelDialog.h>
 #include <Quillform/controls/SoDialogCheckBox.h>
 #include <Quillform/controls/SoDialogChoice.h>

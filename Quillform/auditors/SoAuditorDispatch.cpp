@@ -89,13 +89,19 @@ void SoAuditorDispatch::forEachAuditor(SoQuillform* element, const std::function
   }
 }
 
+void SoAuditorDispatch::applyDefaultAuditor(SoDialogAuditor* defaultAuditor, SoQuillform* caller, Scope scope)
+{
+  const SoEventScope callerScope(caller, SoEventScope::getAction());
+  callMatching(defaultAuditor, caller, scope);
+}
+
 void SoAuditorDispatch::applyDialogAuditors(SoQuillform* container, SoDialogAuditor* defaultAuditor,
                                             SoQuillform* caller, Scope scope)
 {
   const SoEventScope callerScope(caller, SoEventScope::getAction());
   if (container->getAuditorListLength() == 0) {
     if (defaultAuditor) {
-      callMatching(defaultAuditor, caller, scope);
+      applyDefaultAuditor(defaultAuditor, caller, scope);
     }
     return;
   }

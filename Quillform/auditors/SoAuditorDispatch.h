@@ -33,6 +33,9 @@ public:
   /// Which elements a container reports.
   enum Scope { CONTROLS, WITH_MENUS };
 
+  /// Calls the operation for \a caller's class of \a defaultAuditor, for a container without auditors of its own.
+  static void applyDefaultAuditor(SoDialogAuditor* defaultAuditor, SoQuillform* caller, Scope scope);
+
   /// Calls the operation for \a caller's class of each dialog auditor of \a container, in order; of
   /// \a defaultAuditor, which may be nullptr, when it has none.
   static void applyDialogAuditors(SoQuillform* container, SoDialogAuditor* defaultAuditor, SoQuillform* caller,

@@ -53,7 +53,7 @@ void SoColumnDialog::updateFromSensor(SoSensor* sensor)
 
 void SoColumnDialog::fixSizeWithBorder(SbVec2i32& size, int times)
 {
-  addEdge(size, times);
+  addBorder(size, SbVec2i32(edge, edge), times);
 }
 
 void SoColumnDialog::setChildrenLabelSize()

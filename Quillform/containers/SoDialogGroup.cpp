@@ -89,11 +89,21 @@ void SoDialogGroup::removeAuditor(SoDialogAuditor* auditor)
 
 void SoDialogGroup::applyAuditor(SoQuillform* caller)
 {
-  if (getAuditorListLength() == 0 && getParent()) {
-    getParent()->applyAuditor(caller);
+  if (getAuditorListLength() == 0) {
+    applyOuterAuditor(caller);
     return;
   }
-  SoAuditorDispatch::applyDialogAuditors(this, m_defaultAuditor.get(), caller, SoAuditorDispatch::CONTROLS);
+  SoAuditorDispatch::applyDialogAuditors(this, nullptr, caller, SoAuditorDispatch::CONTROLS);
+}
+
+void SoDialogGroup::applyOuterAuditor(SoQuillform* caller)
+{
+  if (getParent()) {
+    getParent()->applyAuditor(caller);
+  }
+  else if (m_defaultAuditor) {
+    SoAuditorDispatch::applyDefaultAuditor(m_defaultAuditor.get(), caller, SoAuditorDispatch::CONTROLS);
+  }
 }
 
 void SoDialogGroup::applyAuditors()
@@ -123,15 +133,14 @@ QBoxLayout* SoDialogGroup::createGroupLayout(QWidget* frame)
   return new QVBoxLayout(frame);
 }
 
-void SoDialogGroup::addEdge(SbVec2i32& size, int times)
+void SoDialogGroup::addBorder(SbVec2i32& size, const SbVec2i32& border, int times)
 {
-  constexpr int edge = 6;
   for (int i = 0; i < 2; i++) {
     if (times != 1) {
-      size[i] += edge * times;
+      size[i] += border[i] * times;
     }
     else {
-      size[i] = size[i] < unbounded - edge + 1 ? size[i] + edge : unbounded;
+      size[i] = size[i] < unbounded - border[i] + 1 ? size[i] + border[i] : unbounded;
     }
   }
 }
@@ -288,9 +297,6 @@ void SoDialogGroup::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& pos
   // Only what the author asks for is spread here; what the container adds is spread by the layout.
   distribute(m_ownSize, std::max(getAxis(), 0));
   if (asWidget != 0) {
-    if (!getRelay<GroupFrame>()) {
-      createGroupWidget();
-    }
     updateChildren();
   }
   else {
@@ -324,6 +330,9 @@ void SoDialogGroup::createGroupWidget()
 
 void SoDialogGroup::updateChildren()
 {
+  if (takesFrame()) {
+    createGroupWidget();
+  }
   if (m_groupLayout) {
     m_box.buildWidgets(getComponents(), getWidget(), m_groupLayout);
   }
@@ -380,16 +389,26 @@ void SoDialogGroup::update3D()
   update3DChildren();
 }
 
+std::vector<QRect> SoDialogGroup::planChildren()
+{
+  return m_box.plan(getComponents(), QSize(get3DSize()[0], get3DSize()[1]), getSpacing(), getPlannedMargin(),
+                    hasVerticalCells());
+}
+
+float SoDialogGroup::getFaceHeight() const
+{
+  return faceHeight;
+}
+
 void SoDialogGroup::update3DChildren()
 {
   const SoBoxModel::Children children = getComponents();
-  m_plan =
-    m_box.plan(children, QSize(get3DSize()[0], get3DSize()[1]), getSpacing(), getPlannedMargin(), hasVerticalCells());
+  m_plan = planChildren();
   for (std::size_t i = 0; i < children.size(); i++) {
     SbVec2i32 size(m_plan[i].width(), m_plan[i].height());
     SbVec2i32 place(m_plan[i].x(), m_plan[i].y());
     children[i]->buildWidget(nullptr, size, place, 0);
-    if (!isShown3D()) {
+    if (!shows3D(children[i])) {
       children[i]->show3D(0);
     }
   }
@@ -410,7 +429,7 @@ void SoDialogGroup::change3DPosition()
     const QRect& rect = m_plan[i];
     const float x = static_cast<float>(rect.x()) + static_cast<float>(rect.width() - size[0]) * 0.5F;
     const float y = static_cast<float>(size[1] - rect.height()) * 0.5F - static_cast<float>(rect.y());
-    SbVec3f translation = get3DParentTranslation() + SbVec3f(x, y, faceHeight);
+    SbVec3f translation = get3DParentTranslation() + SbVec3f(x, y, getFaceHeight());
     children[i]->set3DParentTranslation(translation);
   }
 }
@@ -419,7 +438,7 @@ void SoDialogGroup::show3D(int show)
 {
   inherited::show3D(show);
   for (SoTopComponent* child : getComponents()) {
-    child->show3D(show);
+    child->show3D(shows3D(child));
   }
 }
 

@@ -100,8 +100,12 @@ public:
   /// \name Steps of the build
   /// What is there already is not made again.
   /// @{
-  void updateChildren();   ///< builds the widgets of the children
-  void update3DChildren(); ///< plans and builds the 3D forms of the children
+
+  /// Builds the children into the group's frame, which is made when it is missing.
+  virtual void updateChildren();
+
+  /// Builds the children in the scene, where planChildren wants them.
+  virtual void update3DChildren();
   /// @}
 
 protected:
@@ -122,16 +126,30 @@ protected:
   /// The layout of the group's frame, of the kind and name that the class wants.
   virtual QBoxLayout* createGroupLayout(QWidget* frame);
 
-  /// Adds the edge of a row or column, 6 pixels, to a size: once within the unbounded size, else \a times times.
-  static void addEdge(SbVec2i32& size, int times);
+  /// What a row or column needs around its children, in pixels.
+  static constexpr int edge = 6;
+
+  /// Adds \a border to a size: once within the unbounded size, else \a times times.
+  static void addBorder(SbVec2i32& size, const SbVec2i32& border, int times);
 
   /// Brings the spacing of the layout up to date.
   void changeSpacing();
 
   SoBoxModel::Children getComponents() const;
 
+  /// Makes the group's frame and puts it into the group's cell.
+  virtual void createGroupWidget();
+
+  /// The rectangles of the children in the scene, from the group's top-left corner.
+  virtual std::vector<QRect> planChildren();
+
+  /// Height of the surface on which the children stand in the scene, over the group's origin.
+  virtual float getFaceHeight() const;
+
+  /// Reports \a caller as a group without auditors of its own does: to the parent, or to the default auditor.
+  void applyOuterAuditor(SoQuillform* caller);
+
 private:
-  void createGroupWidget();
   int getContentsMargin() const;
   int getPlannedMargin() const;
   void distribute(const SbVec2i32& newSize, int axis);

@@ -48,7 +48,7 @@ void SoRowDialog::updateFromSensor(SoSensor* sensor)
 
 void SoRowDialog::fixSizeWithBorder(SbVec2i32& size, int times)
 {
-  addEdge(size, times);
+  addBorder(size, SbVec2i32(edge, edge), times);
 }
 
 void SoRowDialog::setChildrenLabelSize()

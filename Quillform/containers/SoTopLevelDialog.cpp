@@ -779,6 +779,11 @@ void SoTopLevelDialog::show3D(int show)
   show3DChildren(show != 0 && !minimized.getValue() ? 1 : 0);
 }
 
+SbBool SoTopLevelDialog::shows3D(const SoQuillform* /*child*/) const
+{
+  return isShown3D() && !minimized.getValue();
+}
+
 void SoTopLevelDialog::show3DChildren(int show)
 {
   for (SoTopComponent* child : getComponents()) {

@@ -206,6 +206,7 @@ public:
   /// \name 3D form
   /// @{
   void show3D(int show) override;
+  SbBool shows3D(const SoQuillform* child) const override;
   void show3DChildren(int show);
   void minimize3DDialog();
   void restore3DDialog();
@@ -246,7 +247,6 @@ public:
   void update3DLabel();                   ///< shows and places the text
   void update3DChildren();                ///< plans and builds the 3D forms of the children
   void update3DChildrenPosition();        ///< brings the children to their places
-  void update3DBar();                     ///< places the bar of the dialog
   /// @}
 
 protected:

@@ -143,12 +143,22 @@ void SoChildElements::append(SoNode* child)
 void SoChildElements::detach(SoQuillform* child)
 {
   child->destroyWidget();
-  if (SoEventScope::isActive() && child->isShown3D()) {
+  // What hid it here, an unselected tab say, does not hide it elsewhere.
+  const bool isHiddenHere = !m_owner->shows3D(child);
+  const bool wasShown = child->isShown3D();
+  child->setParent(nullptr);
+  if (SoEventScope::isActive() && (wasShown || isHiddenHere)) {
     // It stands in the scene until the event is over, where nobody may see or pick it.
     child->show3D(0);
-    SoEventScope::whenOver(child, [child] { child->show3D(1); });
+    SoEventScope::whenOver(child, [child] {
+      if (!child->getParent() || child->getParent()->shows3D(child)) {
+        child->show3D(1);
+      }
+    });
   }
-  child->setParent(nullptr);
+  else if (isHiddenHere && !wasShown) {
+    child->show3D(1);
+  }
 }
 
 void SoChildElements::remove(int index)

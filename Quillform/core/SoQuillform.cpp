@@ -387,6 +387,11 @@ SbBool SoQuillform::isShown3D() const
   return m_shown3D != 0;
 }
 
+SbBool SoQuillform::shows3D(const SoQuillform* /*child*/) const
+{
+  return isShown3D();
+}
+
 void SoQuillform::set3DParentTranslation(SbVec3f& translation)
 {
   m_parentTranslation = translation;

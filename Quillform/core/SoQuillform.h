@@ -324,6 +324,9 @@ public:
   int canBeTraversed() const;
   SbBool isShown3D() const;
 
+  /// TRUE while this element lets \a child, an element inside it, be seen in the scene.
+  virtual SbBool shows3D(const SoQuillform* child) const;
+
   /// TRUE when the element is built in 3D and may be updated.
   SbBool isLive3D() const;
   /// @}

@@ -5,6 +5,7 @@
 #include <Quillform/auditors/SoAuditor.h>
 #include <Quillform/containers/SoColumnDialog.h>
 #include <Quillform/containers/SoRowDialog.h>
+#include <Quillform/containers/SoTabDialog.h>
 #include <Quillform/containers/SoTopLevelDialog.h>
 #include <Quillform/controls/SoDialogCheckBox.h>
 #include <Quillform/controls/SoDialogChoice.h>
@@ -38,20 +39,21 @@ constexpr ElementClass elementClass()
 
 /// Registered forwards, unregistered backwards.
 const ElementClass classes[] = {
-  elementClass<SoQuillform>(),          elementClass<SoTopComponent>(),        elementClass<SoDialogComponent>(),
-  elementClass<SoDialogCheckBox>(),     elementClass<SoDialogChoice>(),        elementClass<SoDialogComboBox>(),
-  elementClass<SoDialogRadioButtons>(), elementClass<SoDialogCustom>(),        elementClass<SoDialogEditText>(),
-  elementClass<SoDialogGroup>(),        elementClass<SoColumnDialog>(),        elementClass<SoRowDialog>(),
-  elementClass<SoDialogLabel>(),        elementClass<SoDialogPushButton>(),    elementClass<SoDialogSeparator>(),
-  elementClass<SoDialogSlider>(),       elementClass<SoDialogIntegerSlider>(), elementClass<SoDialogRealSlider>(),
-  elementClass<SoTopLevelDialog>(),
+  elementClass<SoQuillform>(),          elementClass<SoTopComponent>(),   elementClass<SoDialogComponent>(),
+  elementClass<SoDialogCheckBox>(),     elementClass<SoDialogChoice>(),   elementClass<SoDialogComboBox>(),
+  elementClass<SoDialogRadioButtons>(), elementClass<SoDialogCustom>(),   elementClass<SoDialogEditText>(),
+  elementClass<SoDialogGroup>(),        elementClass<SoColumnDialog>(),   elementClass<SoRowDialog>(),
+  elementClass<SoTabDialog>(),          elementClass<SoDialogLabel>(),    elementClass<SoDialogPushButton>(),
+  elementClass<SoDialogSeparator>(),    elementClass<SoDialogSlider>(),   elementClass<SoDialogIntegerSlider>(),
+  elementClass<SoDialogRealSlider>(),   elementClass<SoTopLevelDialog>(),
 };
 
 /// The order in which a switch of skins reaches the classes, after the text properties.
 void (*const skinSwitches[])() = {
-  &SoDialogComponent::change3DSkin,    &SoDialogCheckBox::change3DSkin, &SoDialogComboBox::change3DSkin,
-  &SoDialogRadioButtons::change3DSkin, &SoDialogEditText::change3DSkin, &SoDialogPushButton::change3DSkin,
-  &SoDialogSeparator::change3DSkin,    &SoDialogSlider::change3DSkin,   &SoTopLevelDialog::change3DSkin,
+  &SoDialogComponent::change3DSkin,    &SoDialogCheckBox::change3DSkin,  &SoDialogComboBox::change3DSkin,
+  &SoDialogRadioButtons::change3DSkin, &SoDialogEditText::change3DSkin,  &SoTabDialog::change3DSkin,
+  &SoDialogPushButton::change3DSkin,   &SoDialogSeparator::change3DSkin, &SoDialogSlider::change3DSkin,
+  &SoTopLevelDialog::change3DSkin,
 };
 
 } // namespace

@@ -53,6 +53,10 @@ void expectSamePlan(SoTopLevelDialog* window, SoTopLevelDialog* scene, const std
   ASSERT_EQ(inWindow.size(), inScene.size()) << where;
   ASSERT_GT(inWindow.size(), 0U);
   for (std::size_t i = 0; i < inWindow.size(); i++) {
+    EXPECT_EQ(inWindow[i]->getWidget()->isVisible(), inScene[i]->isShown3D() != FALSE) << where << ": frame " << i;
+    if (!inWindow[i]->getWidget()->isVisible()) {
+      continue; // on a page that is not selected
+    }
     EXPECT_TRUE(Plan::agree(Plan::inScene(scene, inScene[i]), Plan::inWindow(window, inWindow[i])))
       << where << ": frame " << i << " " << inWindow[i]->auditorID.getValue().getString();
     if (inWindow[i]->isOfType(SoDialogPushButton::getClassTypeId())) {
@@ -336,6 +340,62 @@ TEST_F(SamePlanTest, limitsOfTheAuthorCountMoreThanTheRoomForTheRows)
   settle();
   EXPECT_EQ(low->getWidget()->height(), 20);
   EXPECT_EQ(narrow->getWidget()->width(), 60);
+}
+
+TEST_F(SamePlanTest, tabDialogs)
+{
+  const std::string page = "RowDialog { label \"Page\" rowSpacing 2 " + rows + "} ";
+  const std::string other = "ColumnDialog { label \"Other\" columnSpacing 3 " + rows + "} ";
+  checkText("TopLevelDialog { TabDialog { " + page + "} }");
+  checkText("TopLevelDialog { TabDialog { selectedPage 1 " + page + other + page + "} }");
+  checkText("TopLevelDialog { width 501 height 403 TabDialog { margin 4 " + page + other + "} " + rows + "}");
+  checkText("TopLevelDialog { width 120 height 90 TabDialog { " + page + other + "} }");
+  checkText("TopLevelDialog { width 400 height 300 TabDialog { edgeStyle SHADOW_IN fixedWidth TRUE " + other + page +
+            "} TabDialog { fixedHeight TRUE maxWidth 200 " + page + "} }");
+  checkText("TopLevelDialog { TabDialog { } TabDialog { minHeight 60 } }");
+}
+
+TEST_F(SamePlanTest, pagesThatAreControls)
+{
+  checkText("TopLevelDialog { TabDialog { DialogPushButton { label \"Tab\" buttonLabel \"B\" } } }");
+  checkText("TopLevelDialog { height 200 TabDialog { DialogPushButton { fixedHeight TRUE fixedWidth TRUE width 90 "
+            "height 40 } } }");
+  checkText("TopLevelDialog { width 400 height 200 TabDialog { DialogLabel { label \"Tab\" maxWidth 90 maxHeight 30 } "
+            "} }");
+}
+
+TEST_F(SamePlanTest, tabDialogsInsideOthers)
+{
+  const std::string inner = "TabDialog { label \"Inner\" RowDialog { label \"X\" " + rows + "} } ";
+  checkText("TopLevelDialog { TabDialog { RowDialog { label \"Outer\" " + rows + inner + "} " + inner + "} }");
+  checkText("TopLevelDialog { TabDialog { selectedPage 1 RowDialog { " + rows + "} " + inner + "} }");
+  checkText("TopLevelDialog { width 700 height 500 ColumnDialog { " + inner + "RowDialog { " + rows + "} " + inner +
+            "} }");
+}
+
+TEST_F(SamePlanTest, tabDialogsAfterEveryChangeOfTheirPages)
+{
+  const std::string text = "TopLevelDialog { windowResizedByChildren TRUE TabDialog { RowDialog { label \"A\" " + rows +
+                           "} RowDialog { label \"B\" DialogLabel { label \"Some words\" } } } }";
+  const auto tabs = [](SoTopLevelDialog* dialog) {
+    return static_cast<SoTabDialog*>(dialog->getChild(0));
+  };
+  const auto added = [] {
+    auto* button = new SoDialogPushButton;
+    button->label = "A label longer than the others";
+    button->buttonLabel = "Added";
+    return button;
+  };
+  checkAfter(load(text), "addChild", [&](SoTopLevelDialog* dialog) { tabs(dialog)->addChild(added()); });
+  checkAfter(load(text), "insertChild", [&](SoTopLevelDialog* dialog) { tabs(dialog)->insertChild(added(), 0); });
+  checkAfter(load(text), "removeChild", [&](SoTopLevelDialog* dialog) { tabs(dialog)->removeChild(0); });
+  checkAfter(load(text), "replaceChild", [&](SoTopLevelDialog* dialog) { tabs(dialog)->replaceChild(0, added()); });
+  checkAfter(load(text), "removeAllChildren", [&](SoTopLevelDialog* dialog) { tabs(dialog)->removeAllChildren(); });
+  checkAfter(load(text), "selectedPage", [&](SoTopLevelDialog* dialog) { tabs(dialog)->selectedPage = 1; });
+  checkAfter(load(text), "label", [&](SoTopLevelDialog* dialog) { tabs(dialog)->getChild(0)->label = "Longer"; });
+  checkAfter(load(text), "contents", [&](SoTopLevelDialog* dialog) {
+    static_cast<SoDialogGroup*>(tabs(dialog)->getChild(0))->addChild(added());
+  });
 }
 
 TEST_F(SamePlanTest, theTitleIsCentredAndTheTextsAreAligned)

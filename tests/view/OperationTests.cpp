@@ -85,6 +85,22 @@ TEST_F(OperationTest, aWindowTracesPressesUntilItIsClosed)
   expectEnd();
 }
 
+TEST_F(OperationTest, aTabDialogTracesThePagesThatAreSelected)
+{
+  write("tabs.iv", "TopLevelDialog {\n  label \"Operated\"\n  width 300\n  height 150\n"
+                   "  TabDialog { auditorID \"tabs\"\n    RowDialog { label \"WWWWWWWW\" }\n"
+                   "    RowDialog { label \"second page\"\n"
+                   "      DialogPushButton { auditorID \"inside\" buttonLabel \"OK\" labelVisibility FALSE } } }\n}\n");
+  open({"--trace", "tabs.iv"});
+  const unsigned long window = waitForWindow("Operated");
+  user().click(window, QPoint(130, 14));
+  EXPECT_EQ(R"(tabDialog auditorID="tabs" selectedPage="1" label="second page")", readLine());
+  user().click(window, QPoint(150, 80));
+  EXPECT_EQ(R"(dialogPushButton auditorID="inside" label="OK")", readLine());
+  user().close(window);
+  expectEnd();
+}
+
 TEST_F(OperationTest, theSceneTracesPressesUntilItIsClosed)
 {
   open({"--scene", "--trace", "--size", "400x300", "a.iv"});

@@ -23,6 +23,7 @@ OpenDialogs::OpenDialogs(const std::vector<DialogFile>& files, const Options& op
     m_dialogs.emplace_back(dialog);
     if (options.trace) {
       dialog->addAuditor(&m_trace);
+      m_tabTrace.listenTo(dialog);
     }
   }
 }

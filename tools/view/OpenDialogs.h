@@ -36,6 +36,7 @@ private:
 
   const Options& m_options;
   TraceAuditor m_trace;
+  TabTraceAuditor m_tabTrace;
   std::vector<std::unique_ptr<SoTopLevelDialog, Release>> m_dialogs;
   std::vector<std::unique_ptr<SceneViewer>> m_viewers; // show the dialogs, so they go first
 };

@@ -1,8 +1,10 @@
 #include "TraceAuditor.h"
 
 #include <QString>
+#include <Quillform/containers/SoTabDialog.h>
 #include <Quillform/controls/SoDialogEditText.h>
 #include <Quillform/controls/SoDialogPushButton.h>
+#include <Quillform/core/SoChildElements.h>
 #include <cstdio>
 
 namespace {
@@ -60,5 +62,25 @@ void TraceAuditor::dialogEditText(SoDialogEditText* cpt)
   TraceLine("dialogEditText", cpt)
     .value("label", cpt->label.getValue())
     .value("editText", cpt->editText.getValue())
+    .print();
+}
+
+void TabTraceAuditor::listenTo(SoQuillform* dialog)
+{
+  if (auto* tabs = dynamic_cast<SoTabDialog*>(dialog)) {
+    tabs->addAuditor(this);
+  }
+  const SoChildElements* children = dialog->getChildElements();
+  for (int i = 0; children && i < children->getNum(); i++) {
+    listenTo(children->get(i));
+  }
+}
+
+void TabTraceAuditor::tabDialog(SoTabDialog* cpt)
+{
+  const SoDialogComponent* page = cpt->getChild(cpt->selectedPage.getValue());
+  TraceLine("tabDialog", cpt)
+    .value("selectedPage", SbString(cpt->selectedPage.getValue()))
+    .value("label", page ? page->label.getValue() : "")
     .print();
 }

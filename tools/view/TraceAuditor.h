@@ -2,6 +2,9 @@
 #define QUILLFORM_VIEW_TRACEAUDITOR_H
 
 #include <Quillform/auditors/SoDialogAuditor.h>
+#include <Quillform/auditors/SoTabDialogAuditor.h>
+
+class SoQuillform;
 
 /// Prints a line on the standard output for everything that the user does in a dialog:
 /// \code
@@ -11,6 +14,15 @@ class TraceAuditor : public SoDialogAuditor {
 public:
   void dialogPushButton(SoDialogPushButton* cpt) override;
   void dialogEditText(SoDialogEditText* cpt) override;
+};
+
+/// Does the same for the tab dialogs, which report their pages to their own auditors only.
+class TabTraceAuditor : public SoTabDialogAuditor {
+public:
+  /// Listens to every tab dialog below \a dialog.
+  void listenTo(SoQuillform* dialog);
+
+  void tabDialog(SoTabDialog* cpt) override;
 };
 
 #endif // QUILLFORM_VIEW_TRACEAUDITOR_H
