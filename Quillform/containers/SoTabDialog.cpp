@@ -204,9 +204,11 @@ void SoTabDialog::followPages()
     }
   }
   m_pages.assign(pages.begin(), pages.end());
-  m_pageLabels = std::make_unique<SoWatchedFields>(pageLabelChangedCB, this);
+  m_pageLabels.clear();
   for (SoTopComponent* page : pages) {
-    m_pageLabels->watch(page->label);
+    m_pageLabels.push_back(std::make_unique<SoFieldSensor>(pageLabelChangedCB, this));
+    m_pageLabels.back()->setPriority(0);
+    m_pageLabels.back()->attach(&page->label);
   }
 }
 
@@ -404,6 +406,9 @@ void SoTabDialog::changeSelectedPage()
 
 void SoTabDialog::create3DTabDialog()
 {
+  if (m_frameTransform) {
+    return;
+  }
   fillFromSkin("unselected", getSkin().getPart("TabDialogUnselectedTabFrame"));
   fillFromSkin("selected", getSkin().getPart("TabDialogSelectedTabFrame"));
   fillFromSkin("textProp", SoTextSkin::getProperties());
@@ -457,9 +462,7 @@ float SoTabDialog::getFaceHeight() const
 
 void SoTabDialog::update3DChildren()
 {
-  if (!m_frameTransform) {
-    create3DTabDialog();
-  }
+  create3DTabDialog();
   clampSelectedPage();
   inherited::update3DChildren();
   const QRect pane = getPlan3D().getPane().translated(SoTabPlan::inset, SoTabPlan::inset);

@@ -1,6 +1,7 @@
 #ifndef QUILLFORM_SOTABDIALOG_H
 #define QUILLFORM_SOTABDIALOG_H
 
+#include <Inventor/sensors/SoFieldSensor.h>
 #include <Quillform/containers/So3DTabBar.h>
 #include <Quillform/containers/SoDialogGroup.h>
 #include <Quillform/core/SoSkinFile.h>
@@ -125,6 +126,14 @@ public:
   /// Shows the selected page in the window. An index outside the pages becomes that of the nearest one.
   void changeSelectedPage();
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void updateTabPageWidget(int page); ///< shows the contents of one page and hides the others
+  void updateTabWidget();             ///< places the tabs
+  void create3DTabDialog();           ///< makes the 3D form
+  /// @}
+
   SbBool shows3D(const SoQuillform* child) const override;
   void change3DPages();          ///< places tabs and pages in the scene anew
   void change3DSelectedPage();   ///< as changeSelectedPage, in the scene
@@ -148,19 +157,16 @@ private:
   void followTabs();
   void clampSelectedPage();
   void setSelectedPageQuietly(int page);
-  void updateTabPageWidget(int page);
-  void updateTabWidget();
   void updateTabLabels();
   SoTabPlan getPlan3D() const;
-  void create3DTabDialog();
   void update3DTabs();
   void show3DSelectedPage();
   SoDialogComponent* getPressedPage();
 
-  std::vector<const SoTopComponent*> m_pages;    // when they last changed; only compared, they may be gone
-  std::vector<const SoTopComponent*> m_tabs;     // the pages that have a tab in the window; likewise
-  std::unique_ptr<SoWatchedFields> m_pageLabels; // of the pages
-  bool m_isFollowing = false;                    // the first build has begun: the selected page stays selected
+  std::vector<const SoTopComponent*> m_pages;               // when they last changed; only compared, they may be gone
+  std::vector<const SoTopComponent*> m_tabs;                // the pages that have a tab in the window; likewise
+  std::vector<std::unique_ptr<SoFieldSensor>> m_pageLabels; // tell when the label of a page changes
+  bool m_isFollowing = false; // the first build has begun: the selected page stays selected
   So3DTabBar m_bar3D;
   SoTransform* m_frameTransform = nullptr;          // below frameSep, which owns it
   const SoDialogComponent* m_pressedPage = nullptr; // whose tab is held down in the scene; only compared
