@@ -1,5 +1,5 @@
 #include <Inventor/nodes/SoText3.h>
-#include <QDir>
+#include <QDirIterator>
 #include <QLabel>
 #include <QPushButton>
 #include <Quillform/Quillform.h>
@@ -130,10 +130,10 @@ protected:
 
 TEST_F(SamePlanTest, theExamplesHaveOnePlanInBothForms)
 {
-  const QDir directory(QUILLFORM_TEST_EXAMPLES);
+  QDirIterator files(QUILLFORM_TEST_EXAMPLES, {"*.iv"}, QDir::Files, QDirIterator::Subdirectories);
   int count = 0;
-  for (const QString& name : directory.entryList({"*.iv"})) {
-    const std::string path = directory.filePath(name).toStdString();
+  while (files.hasNext()) {
+    const std::string path = files.next().toStdString();
     auto* dialog = dynamic_cast<SoTopLevelDialog*>(SoQuillform::loadFromFile(path.c_str(), ""));
     if (dialog) {
       ++count;
