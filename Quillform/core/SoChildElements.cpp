@@ -8,6 +8,8 @@
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoQuillform.h>
 #include <algorithm>
+#include <cctype>
+#include <string>
 #include <utility>
 
 namespace {
@@ -270,14 +272,19 @@ bool SoChildElements::refusesWord(SoInput* in) const
   if (!in->read(word, TRUE) || word.getLength() == 0) {
     return false; // the element ends here
   }
-  const bool isReference = word == "DEF" || word == "USE";
+  std::string taken = word.getString(); // given back exactly as it stands in the file
   char next = '{';
-  if (!isReference && in->read(next)) {
-    in->putBack(next);
+  if (word != "DEF" && word != "USE") {
+    do {
+      if (!in->get(next)) {
+        break;
+      }
+      taken += next;
+    } while (std::isspace(static_cast<unsigned char>(next)));
   }
-  in->putBack(word.getString());
-  if (next == '{') {
-    return false;
+  in->putBack(taken.c_str());
+  if (next == '{' || next == '#' || std::isspace(static_cast<unsigned char>(next))) {
+    return false; // an element, perhaps behind a comment, or the end of the file
   }
   SoReadError::post(in, "\"%s\" is no field of %s, and no element follows", word.getString(),
                     m_owner->getTypeId().getName().getString());
