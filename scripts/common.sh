@@ -19,11 +19,11 @@ failed() {
 }
 trap failed ERR
 
-# Installs what is missing; says itself what to do when it cannot.
+# install_dependencies [--pictures]: installs what is missing; says itself what to do when it cannot.
 install_dependencies() {
   step="installing packages"
   hint="What to do is said above."
-  scripts/install-dependencies
+  scripts/install-dependencies "$@"
 }
 
 # build_in <directory> <target> <options of cmake...>: configures and builds what is out of date.

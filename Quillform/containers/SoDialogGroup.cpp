@@ -330,10 +330,12 @@ void SoDialogGroup::createGroupWidget()
 
 void SoDialogGroup::updateChildren()
 {
-  if (!getRelay<GroupFrame>()) {
+  if (takesFrame()) {
     createGroupWidget();
   }
-  m_box.buildWidgets(getComponents(), getWidget(), m_groupLayout);
+  if (m_groupLayout) {
+    m_box.buildWidgets(getComponents(), getWidget(), m_groupLayout);
+  }
 }
 
 void SoDialogGroup::destroyWidget()

@@ -97,6 +97,17 @@ public:
   using SoQuillform::getChildElements;
   SoChildElements* getChildElements() override;
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+
+  /// Builds the children into the group's frame, which is made when it is missing.
+  virtual void updateChildren();
+
+  /// Builds the children in the scene, where planChildren wants them.
+  virtual void update3DChildren();
+  /// @}
+
 protected:
   ~SoDialogGroup() override;
 
@@ -128,12 +139,6 @@ protected:
 
   /// Makes the group's frame and puts it into the group's cell.
   virtual void createGroupWidget();
-
-  /// Builds the children into the group's frame, which is made when it is missing.
-  virtual void updateChildren();
-
-  /// Builds the children in the scene, where planChildren wants them.
-  virtual void update3DChildren();
 
   /// The rectangles of the children in the scene, from the group's top-left corner.
   virtual std::vector<QRect> planChildren();

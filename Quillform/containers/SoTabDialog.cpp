@@ -297,8 +297,11 @@ void SoTabDialog::followTabs()
 
 void SoTabDialog::updateChildren()
 {
-  if (!getRelay<SoDialogQTabDialog>()) {
+  if (takesFrame()) {
     createGroupWidget();
+  }
+  if (!getRelay<SoDialogQTabDialog>()) {
+    return;
   }
   followTabs();
   for (SoTopComponent* page : getComponents()) {
@@ -403,6 +406,9 @@ void SoTabDialog::changeSelectedPage()
 
 void SoTabDialog::create3DTabDialog()
 {
+  if (m_frameTransform) {
+    return;
+  }
   fillFromSkin("unselected", getSkin().getPart("TabDialogUnselectedTabFrame"));
   fillFromSkin("selected", getSkin().getPart("TabDialogSelectedTabFrame"));
   fillFromSkin("textProp", SoTextSkin::getProperties());
@@ -456,9 +462,7 @@ float SoTabDialog::getFaceHeight() const
 
 void SoTabDialog::update3DChildren()
 {
-  if (!m_frameTransform) {
-    create3DTabDialog();
-  }
+  create3DTabDialog();
   clampSelectedPage();
   inherited::update3DChildren();
   const QRect pane = getPlan3D().getPane().translated(SoTabPlan::inset, SoTabPlan::inset);

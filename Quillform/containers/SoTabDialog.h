@@ -6,7 +6,6 @@
 #include <Quillform/containers/SoDialogGroup.h>
 #include <Quillform/core/SoSkinFile.h>
 #include <memory>
-#include <vector>
 
 class SoTabDialogAuditor;
 
@@ -117,6 +116,8 @@ public:
   /// @}
 
   void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
+  void updateChildren() override;
+  void update3DChildren() override;
   void updateFromSensor(SoSensor* sensor) override;
 
   /// The user has selected the page \a event.
@@ -124,6 +125,14 @@ public:
 
   /// Shows the selected page in the window. An index outside the pages becomes that of the nearest one.
   void changeSelectedPage();
+
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void updateTabPageWidget(int page); ///< shows the contents of one page and hides the others
+  void updateTabWidget();             ///< places the tabs
+  void create3DTabDialog();           ///< makes the 3D form
+  /// @}
 
   SbBool shows3D(const SoQuillform* child) const override;
   void change3DPages();          ///< places tabs and pages in the scene anew
@@ -136,8 +145,6 @@ protected:
 
   void placeWidgets() override;
   void createGroupWidget() override;
-  void updateChildren() override;
-  void update3DChildren() override;
   std::vector<QRect> planChildren() override;
   float getFaceHeight() const override;
   void press3D() override;
@@ -150,18 +157,15 @@ private:
   void followTabs();
   void clampSelectedPage();
   void setSelectedPageQuietly(int page);
-  void updateTabPageWidget(int page);
-  void updateTabWidget();
   void updateTabLabels();
   SoTabPlan getPlan3D() const;
-  void create3DTabDialog();
   void update3DTabs();
   void show3DSelectedPage();
   SoDialogComponent* getPressedPage();
 
   std::vector<const SoTopComponent*> m_pages;               // when they last changed; only compared, they may be gone
   std::vector<const SoTopComponent*> m_tabs;                // the pages that have a tab in the window; likewise
-  std::vector<std::unique_ptr<SoFieldSensor>> m_pageLabels; // on the labels of the pages
+  std::vector<std::unique_ptr<SoFieldSensor>> m_pageLabels; // tell when the label of a page changes
   bool m_isFollowing = false; // the first build has begun: the selected page stays selected
   So3DTabBar m_bar3D;
   SoTransform* m_frameTransform = nullptr;          // below frameSep, which owns it

@@ -367,6 +367,25 @@ void SoTopLevelDialog::prepareSizes(int asWidget)
   }
 }
 
+void SoTopLevelDialog::leaveRoomForRows(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+{
+  // The rows of some controls need more than their minimum fields say; in a smaller window they would overlap.
+  const SoBoxModel::Children children = getComponents();
+  m_box.measure(children);
+  const SbVec2i32 needed = m_box.getLeastSize(children, m_layoutSpacing);
+  const SoSizingFields::Values authored = m_sizes.getAuthored();
+  for (std::size_t i = 0; i < 2; i++) {
+    if (authored[SoSizingFields::MIN_WIDTH + i] != 0) {
+      continue; // the author wants the window to become that small
+    }
+    const int axis = static_cast<int>(i);
+    const int largest = authored[SoSizingFields::MAX_WIDTH + i];
+    min[axis] = std::max(min[axis], largest > 0 ? std::min(needed[axis], largest) : needed[axis]);
+    size[axis] = std::max(size[axis], min[axis]);
+    max[axis] = std::max(max[axis], min[axis]);
+  }
+}
+
 void SoTopLevelDialog::computeNewChildrenHeight(SbVec2i32& newSize)
 {
   SbVec2i32 defaultSize(0, 0);
@@ -396,6 +415,7 @@ void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
       chosen[i] = size[i] < min[i] ? min[i] : std::min(size[i], max[i]);
     }
   }
+  leaveRoomForRows(chosen, min, max);
   if (!resizable.getValue()) {
     min = max = chosen;
   }
@@ -457,6 +477,9 @@ void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
 
 void SoTopLevelDialog::createBaseWidget(QWidget* parent)
 {
+  if (m_base) {
+    return;
+  }
   if (m_buildInsideParent != 0 && parent) {
     m_base = parent;
     delete parent->layout();
@@ -489,7 +512,9 @@ void SoTopLevelDialog::updateBaseWidget()
 
 void SoTopLevelDialog::updateChildren()
 {
-  m_box.buildWidgets(getComponents(), m_base, m_layout);
+  if (m_layout) {
+    m_box.buildWidgets(getComponents(), m_base, m_layout);
+  }
 }
 
 void SoTopLevelDialog::updateDialogBuild(int asWidget)
@@ -628,6 +653,9 @@ void SoTopLevelDialog::changeLabel()
 
 void SoTopLevelDialog::create3DTopLevelDialog()
 {
+  if (m_frameTransform) {
+    return;
+  }
   loadFontProperties();
   apply3DParentTranslation();
   m_frameTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("frameSep"));

@@ -237,6 +237,18 @@ public:
   using SoQuillform::getChildElements;
   SoChildElements* getChildElements() override;
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void createBaseWidget(QWidget* parent); ///< makes the window, or takes \a parent over
+  void updateBaseWidget();                ///< gives the window its limits and its size
+  void create3DTopLevelDialog();          ///< makes the 3D form
+  void update3DTopLevelDialog();          ///< gives the 3D form its sizes
+  void update3DLabel();                   ///< shows and places the text
+  void update3DChildren();                ///< plans and builds the 3D forms of the children
+  void update3DChildrenPosition();        ///< brings the children to their places
+  /// @}
+
 protected:
   ~SoTopLevelDialog() override;
 
@@ -248,19 +260,12 @@ protected:
   void release3D() override;
 
 private:
-  void createBaseWidget(QWidget* parent);
-  void updateBaseWidget();
   void prepareSizes(int asWidget);
+  void leaveRoomForRows(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
   void applyLimits();
   bool hasWidgets() const;
   SoBoxModel::Children getComponents() const;
 
-  void create3DTopLevelDialog();
-  void update3DTopLevelDialog();
-  void update3DLabel();
-  void update3DChildren();
-  void update3DChildrenPosition();
-  void update3DBar();
   void connectPositions();
   SoSFVec3f& getActivePosition();
   SbVec3f getOrigin();

@@ -100,15 +100,11 @@ void SoDialogCheckBox::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
 {
   inherited::buildWidget(parent, size, position, asWidget);
   if (asWidget != 0) {
-    if (!getRelay<SoDialogQCheckBox>()) {
-      createLabelWidget();
-    }
+    createLabelWidget();
     placeWidgets();
   }
   else {
-    if (!m_frameTransform) {
-      create3DDialogCheckBox();
-    }
+    create3DDialogCheckBox();
     update3D();
   }
   m_watched.watch(state);
@@ -118,6 +114,9 @@ void SoDialogCheckBox::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
 
 void SoDialogCheckBox::createLabelWidget()
 {
+  if (!takesFrame()) {
+    return;
+  }
   setFrame(new SoDialogQCheckBox(getWidget(), this));
   changeLabel();
   changeState();
@@ -253,6 +252,9 @@ void SoDialogCheckBox::changeWidgetEnable(int /*enable*/) {}
 
 void SoDialogCheckBox::create3DDialogCheckBox()
 {
+  if (m_frameTransform) {
+    return;
+  }
   fillFromSkin("frame", getSkin().getPart("DialogCheckBoxFrame"));
   fillFromSkin("stateOff", getSkin().getPart("DialogCheckBoxStateOff"));
   fillFromSkin("stateOn", getSkin().getPart("DialogCheckBoxStateOn"));

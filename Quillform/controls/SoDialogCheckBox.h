@@ -87,6 +87,15 @@ public:
   /// The user has clicked the box in the scene.
   virtual void draggerFinishCallback3D();
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void createLabelWidget();      ///< makes the relay, with all its widgets
+  void updateLabelWidget();      ///< places the widgets of the relay
+  void updateCheckBoxWidget();   ///< places the check box
+  void create3DDialogCheckBox(); ///< makes the 3D form
+  /// @}
+
 protected:
   ~SoDialogCheckBox() override;
 
@@ -95,10 +104,6 @@ protected:
   void release3D() override;
 
 private:
-  void createLabelWidget();
-  void updateLabelWidget();
-  void updateCheckBoxWidget();
-  void create3DDialogCheckBox();
   void setStateFromUser(bool checked);
   SbString getShownText() const;
 

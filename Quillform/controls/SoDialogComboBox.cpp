@@ -100,15 +100,11 @@ void SoDialogComboBox::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
   inherited::buildWidget(parent, size, position, asWidget);
   fixItemsNumber();
   if (asWidget != 0) {
-    if (!getRelay<SoDialogQComboBox>()) {
-      createLabelWidget();
-    }
+    createLabelWidget();
     placeWidgets();
   }
   else {
-    if (!m_frameTransform) {
-      create3DDialogComboBox();
-    }
+    create3DDialogComboBox();
     update3D();
   }
   m_watched.watch(items);
@@ -117,6 +113,9 @@ void SoDialogComboBox::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
 
 void SoDialogComboBox::createLabelWidget()
 {
+  if (!takesFrame()) {
+    return;
+  }
   setFrame(new SoDialogQComboBox(getWidget(), this));
   changeItems();
   changeLabel();
@@ -238,6 +237,9 @@ void SoDialogComboBox::changeEdgeStyle()
 
 void SoDialogComboBox::create3DDialogComboBox()
 {
+  if (m_frameTransform) {
+    return;
+  }
   fillFromSkin("frame", getSkin().getPart("DialogComboBoxFrame"));
   fillFromSkin("buttonReleased", getSkin().getPart("DialogComboBoxButtonReleased"));
   fillFromSkin("buttonPressed", getSkin().getPart("DialogComboBoxButtonPressed"));

@@ -89,6 +89,13 @@ public:
   void update3DComboBox();
   void update3DLabel();
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void createLabelWidget();      ///< makes the relay, with all its widgets
+  void create3DDialogComboBox(); ///< makes the 3D form
+  /// @}
+
 protected:
   ~SoDialogComboBox() override;
 
@@ -100,8 +107,6 @@ protected:
   void release3D() override;
 
 private:
-  void createLabelWidget();
-  void create3DDialogComboBox();
   int getTextHeight() const;
   QRect getBoxRect(const SbVec2i32& frame, int textHeight) const;
   QRect getBoxRect3D() const;

@@ -17,10 +17,15 @@ QBoxLayout* SoDialogCustom::getLayout() const
   return m_contents;
 }
 
+bool SoDialogCustom::hasSizeAsMinimum() const
+{
+  return true;
+}
+
 SoCellLimits SoDialogCustom::getCellLimits() const
 {
   SoCellLimits limits;
-  limits.minimum = QSize(width.getValue(), height.getValue());
+  limits.minimum = getSmallestSize();
   limits.maximum = QSize(fixedWidth.getValue() ? width.getValue() : maxWidth.getValue(),
                          fixedHeight.getValue() ? height.getValue() : maxHeight.getValue());
   return limits;

@@ -26,15 +26,20 @@ public:
   QBoxLayout* getLayout() const override;
 
   void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
+  bool hasSizeAsMinimum() const override;
   SoCellLimits getCellLimits() const override;
   void changeEdgeStyle() override;
+
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void addChildWidget(); ///< puts the application's widget into the frame
+  /// @}
 
 protected:
   ~SoDialogCustom() override;
 
 private:
-  void addChildWidget();
-
   QPointer<QBoxLayout> m_contents; // of the frame
 };
 

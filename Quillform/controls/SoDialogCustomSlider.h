@@ -17,14 +17,18 @@ public:
   /// round; otherwise each takes an equal, flat part of it. Without colours the bar is that of the base class.
   void setDrawingMethod(const SbColor* colors, int count, int shaded);
 
+  /// \name Parts of the drawing
+  /// @{
+  void drawWithOneColor(QPainter& painter, const QRect& rect) const; ///< a bar of one colour
+  void drawWithColorArray(QPainter& painter,
+                          const QRect& rect) const; ///< a bar of several colours, shaded or in fields
+  void drawSliderTopRegion(QPainter& painter, const QRect& rect) const; ///< the bar's edge and highlight
+  /// @}
+
 protected:
   void drawBar(QPainter& painter, const QRect& rect) override;
 
 private:
-  void drawWithOneColor(QPainter& painter, const QRect& rect) const;
-  void drawWithColorArray(QPainter& painter, const QRect& rect) const;
-  void drawSliderTopRegion(QPainter& painter, const QRect& rect) const;
-
   std::vector<QColor> m_colors;
   bool m_shaded = true;
 };

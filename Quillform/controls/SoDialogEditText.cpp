@@ -163,15 +163,11 @@ void SoDialogEditText::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
 {
   inherited::buildWidget(parent, size, position, asWidget);
   if (asWidget != 0) {
-    if (!getRelay<SoDialogQEditText>()) {
-      createLabelWidget();
-    }
+    createLabelWidget();
     placeWidgets();
   }
   else {
-    if (!m_frameTransform) {
-      create3DDialogEditText();
-    }
+    create3DDialogEditText();
     update3D();
   }
   m_watched.watch(editable);
@@ -182,6 +178,9 @@ void SoDialogEditText::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
 
 void SoDialogEditText::createLabelWidget()
 {
+  if (!takesFrame()) {
+    return;
+  }
   setFrame(new SoDialogQEditText(getWidget(), this, multiLine.getValue()));
   setUpRelay();
   addFrameToCell();
@@ -386,6 +385,9 @@ void SoDialogEditText::changeWidgetEnable(int /*enable*/) {}
 
 void SoDialogEditText::create3DDialogEditText()
 {
+  if (m_frameTransform) {
+    return;
+  }
   static const struct {
     const char* part;
     const char* skinPart;
@@ -732,7 +734,7 @@ void SoDialogEditText::handleEvent(SoHandleEventAction* action)
   const SoEvent* event = action->getEvent();
   if (m_editing3D && SoKeyboardEvent::isKeyPressEvent(event, SoKeyboardEvent::ANY)) {
     const SoEventScope scope(this, action);
-    if (processKeyEvent(static_cast<const SoKeyboardEvent*>(event))) {
+    if (processKeyEvents(static_cast<const SoKeyboardEvent*>(event))) {
       action->setHandled();
       return;
     }
@@ -740,7 +742,7 @@ void SoDialogEditText::handleEvent(SoHandleEventAction* action)
   inherited::handleEvent(action);
 }
 
-bool SoDialogEditText::processKeyEvent(const SoKeyboardEvent* event)
+bool SoDialogEditText::processKeyEvents(const SoKeyboardEvent* event)
 {
   if (event->getKey() == SoKeyboardEvent::RETURN) {
     if (event->wasShiftDown()) {

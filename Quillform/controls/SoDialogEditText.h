@@ -204,6 +204,15 @@ public:
   void update3DTextScrollPosition(); ///< shows the lines to which the bars are scrolled
   void update3DTextPosition();       ///< scrolls to the end of a text that is being edited, and shows the caret
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void createLabelWidget();      ///< makes the relay, with all its widgets
+  void create3DDialogEditText(); ///< makes the 3D form
+  bool processKeyEvents(
+    const SoKeyboardEvent* event); ///< takes a key while the text is edited in the scene; TRUE when it was used
+  /// @}
+
 protected:
   ~SoDialogEditText() override;
 
@@ -222,9 +231,7 @@ private:
     SoNode* cursor = nullptr;
   };
 
-  void createLabelWidget();
   void setUpRelay();
-  void create3DDialogEditText();
   QRect getEditorRect(const SbVec2i32& frameSize) const;
   QRect getFrameRect3D() const;
   QRect getTextRect3D() const;
@@ -233,7 +240,6 @@ private:
   void start3DEditing();
   void stop3DEditing();
   void updateUsability3D();
-  bool processKeyEvent(const SoKeyboardEvent* event);
   bool pressScroller(Scroller& scroller);
   void scrollTo(Scroller& scroller, float scrolled);
 

@@ -60,21 +60,20 @@ void SoDialogLabel::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& pos
 {
   inherited::buildWidget(parent, size, position, asWidget);
   if (asWidget != 0) {
-    if (!getRelay<SoDialogQLabel>()) {
-      createLabelWidget();
-    }
+    createLabelWidget();
     placeWidgets();
   }
   else {
-    if (!m_text3D.isAttached()) {
-      create3DDialogLabel();
-    }
+    create3DDialogLabel();
     update3D();
   }
 }
 
 void SoDialogLabel::createLabelWidget()
 {
+  if (!takesFrame()) {
+    return;
+  }
   setFrame(new SoDialogQLabel(getWidget(), this));
   changeLabelAlignment();
   showSideLabel();
@@ -135,6 +134,9 @@ void SoDialogLabel::changeWidgetEnable(int /*enable*/) {}
 
 void SoDialogLabel::create3DDialogLabel()
 {
+  if (m_text3D.isAttached()) {
+    return;
+  }
   fillFromSkin("labelProp", SoTextSkin::getProperties());
   m_text3D.attach(makePart<SoSeparator>("labelSep"), makePart<SoGroup>("labelProp"), getTextLook());
 }

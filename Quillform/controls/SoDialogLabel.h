@@ -38,6 +38,14 @@ public:
   void change3DLabelAlignment() override;
   void updateLabelWidget(); ///< places the text in the relay
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void createLabelWidget();   ///< makes the relay, with all its widgets
+  void create3DDialogLabel(); ///< makes the 3D form
+  void update3DLabel();       ///< shows and places the text
+  /// @}
+
 protected:
   ~SoDialogLabel() override;
 
@@ -45,9 +53,6 @@ protected:
   void update3D() override;
 
 private:
-  void createLabelWidget();
-  void create3DDialogLabel();
-  void update3DLabel();
   QRect getTextRect(const SbVec2i32& frame) const;
 
   SbVec2i32 m_textSize{0, 0}; // of the label's text, once measured

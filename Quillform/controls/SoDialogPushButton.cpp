@@ -110,15 +110,11 @@ void SoDialogPushButton::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32
 {
   inherited::buildWidget(parent, size, position, asWidget);
   if (asWidget != 0) {
-    if (!getRelay<SoDialogQPushButton>()) {
-      createLabelWidget();
-    }
+    createLabelWidget();
     placeWidgets();
   }
   else {
-    if (!m_buttonTransform) {
-      create3DDialogPushButton();
-    }
+    create3DDialogPushButton();
     update3D();
   }
   m_watched.watch(buttonLabel);
@@ -126,6 +122,9 @@ void SoDialogPushButton::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32
 
 void SoDialogPushButton::createLabelWidget()
 {
+  if (!takesFrame()) {
+    return;
+  }
   setFrame(new SoDialogQPushButton(getWidget(), this));
   showSideLabel();
   changeLabelAlignment();
@@ -221,6 +220,9 @@ void SoDialogPushButton::changeWidgetEnable(int /*enable*/) {}
 
 void SoDialogPushButton::create3DDialogPushButton()
 {
+  if (m_buttonTransform) {
+    return;
+  }
   fillFromSkin("released", getSkin().getPart("DialogPushButtonReleased"));
   fillFromSkin("pressed", getSkin().getPart("DialogPushButtonPressed"));
   m_buttonTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("frameSep"));

@@ -94,6 +94,17 @@ public:
   void changeButtonState(int /*state*/) {}
   /// @}
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  virtual void draggerStartCallback3D();  ///< the button goes down
+  virtual void draggerFinishCallback3D(); ///< the button comes up where it went down
+  void createLabelWidget();               ///< makes the relay, with all its widgets
+  void create3DDialogPushButton();        ///< makes the 3D form
+  void update3DButton();                  ///< places the button and its text
+  void update3DLabel();                   ///< shows and places the text
+  /// @}
+
 protected:
   ~SoDialogPushButton() override;
 
@@ -101,14 +112,8 @@ protected:
   void update3D() override;
   void press3D() override;
   void release3D() override;
-  virtual void draggerStartCallback3D();
-  virtual void draggerFinishCallback3D();
 
 private:
-  void createLabelWidget();
-  void create3DDialogPushButton();
-  void update3DButton();
-  void update3DLabel();
   bool isPressable();
   void setLook(int child, SoNode* node);
 

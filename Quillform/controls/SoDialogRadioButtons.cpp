@@ -98,11 +98,9 @@ void SoDialogRadioButtons::resetSize()
   inherited::resetSize();
 }
 
-SoCellLimits SoDialogRadioButtons::getCellLimits() const
+bool SoDialogRadioButtons::hasSizeAsMinimum() const
 {
-  SoCellLimits limits = inherited::getCellLimits();
-  limits.minimum = QSize(width.getValue(), height.getValue()); // the size itself: this is meant
-  return limits;
+  return true; // not minWidth and minHeight: this is meant
 }
 
 // Building
@@ -112,15 +110,11 @@ void SoDialogRadioButtons::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i
   inherited::buildWidget(parent, size, position, asWidget);
   fixItemsNumber();
   if (asWidget != 0) {
-    if (!getRelay<SoDialogQRadioButtons>()) {
-      createLabelWidget();
-    }
+    createLabelWidget();
     placeWidgets();
   }
   else {
-    if (!m_frameTransform) {
-      create3DDialogRadioButtons();
-    }
+    create3DDialogRadioButtons();
     update3D();
   }
   m_watched.watch(items);
@@ -129,6 +123,9 @@ void SoDialogRadioButtons::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i
 
 void SoDialogRadioButtons::createLabelWidget()
 {
+  if (!takesFrame()) {
+    return;
+  }
   setFrame(new SoDialogQRadioButtons(getWidget(), this));
   m_buttons.truncate(0);
   changeLabel();
@@ -240,6 +237,9 @@ void SoDialogRadioButtons::changeEdgeStyle()
 
 void SoDialogRadioButtons::create3DDialogRadioButtons()
 {
+  if (m_frameTransform) {
+    return;
+  }
   fillFromSkin("frame", getSkin().getPart("DialogRadioButtonsFrame"));
   m_frameTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("frameSep"));
   create3DSideLabel("labelSwitch", "labelProp");

@@ -63,7 +63,7 @@ public:
   void resetSize() override;
   SbVec2i32 getComponentInitSize() override;
   void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
-  SoCellLimits getCellLimits() const override;
+  bool hasSizeAsMinimum() const override;
   void changeEnable() override;
   void changeLabel() override;
   void changeLabelAlignment() override;
@@ -84,6 +84,13 @@ public:
   /// Spreads the height of a component of the size \a size over the entries in the scene.
   void computeNewButtonsHeight(const SbVec2i32& size);
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void createLabelWidget();          ///< makes the relay, with all its widgets
+  void create3DDialogRadioButtons(); ///< makes the 3D form
+  /// @}
+
 protected:
   ~SoDialogRadioButtons() override;
 
@@ -103,8 +110,6 @@ private:
     So3DText text;
   };
 
-  void createLabelWidget();
-  void create3DDialogRadioButtons();
   void addRow(SoSeparator* node, SoSeparator* plate, SoSeparator* mark, SoSwitch* state, SoSeparator* text);
   void setRowCount(int count);
   void clampSelection();

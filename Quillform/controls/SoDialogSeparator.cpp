@@ -47,10 +47,14 @@ void SoDialogSeparator::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i3
   max[across] = thickness;
 }
 
+bool SoDialogSeparator::hasSizeAsMinimum() const
+{
+  return true;
+}
+
 SoCellLimits SoDialogSeparator::getCellLimits() const
 {
   SoCellLimits limits = inherited::getCellLimits();
-  limits.minimum = QSize(width.getValue(), height.getValue());
   if (m_isHorizontal != 0) {
     limits.maximum.setHeight(maxHeight.getValue());
   }
@@ -64,21 +68,20 @@ void SoDialogSeparator::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32&
 {
   inherited::buildWidget(parent, size, position, asWidget);
   if (asWidget != 0) {
-    if (!getRelay<SoDialogQSeparator>()) {
-      createSeparatorWidget();
-    }
+    createSeparatorWidget();
     placeWidgets();
   }
   else {
-    if (!m_lineTransform) {
-      create3DSeparator();
-    }
+    create3DSeparator();
     update3D();
   }
 }
 
 void SoDialogSeparator::createSeparatorWidget()
 {
+  if (!takesFrame()) {
+    return;
+  }
   setFrame(new SoDialogQSeparator(getWidget(), this));
   changeEdgeStyle();
   changeEnable();
@@ -106,6 +109,9 @@ void SoDialogSeparator::changeEdgeStyle()
 
 void SoDialogSeparator::create3DSeparator()
 {
+  if (m_lineTransform) {
+    return;
+  }
   fillFromSkin("vFrame", getSkin().getPart("DialogSeparatorVertical"));
   fillFromSkin("hFrame", getSkin().getPart("DialogSeparatorHorizontal"));
   m_lineTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("frameSep"));

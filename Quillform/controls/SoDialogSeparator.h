@@ -40,8 +40,16 @@ public:
   void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
   void updateFromSensor(SoSensor* sensor) override;
   void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
+  bool hasSizeAsMinimum() const override;
   SoCellLimits getCellLimits() const override;
   void changeEdgeStyle() override;
+
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void createSeparatorWidget(); ///< makes the relay
+  void create3DSeparator();     ///< makes the 3D form
+  /// @}
 
 protected:
   ~SoDialogSeparator() override;
@@ -50,9 +58,6 @@ protected:
   void update3D() override;
 
 private:
-  void createSeparatorWidget();
-  void create3DSeparator();
-
   int m_isHorizontal = 1;
   SoTransform* m_lineTransform = nullptr; // below frameSep, which owns it
 };

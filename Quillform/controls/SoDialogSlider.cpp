@@ -276,11 +276,9 @@ void SoDialogSlider::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& 
   }
 }
 
-SoCellLimits SoDialogSlider::getCellLimits() const
+bool SoDialogSlider::hasSizeAsMinimum() const
 {
-  SoCellLimits limits = inherited::getCellLimits();
-  limits.minimum = QSize(width.getValue(), height.getValue()); // not minWidth and minHeight: this is meant
-  return limits;
+  return true; // not minWidth and minHeight: this is meant
 }
 
 int SoDialogSlider::getEditZoneWidth() const
@@ -336,15 +334,11 @@ void SoDialogSlider::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& po
   inherited::buildWidget(parent, size, position, asWidget);
   m_editZoneWidth = computeEditZoneWidth();
   if (asWidget != 0) {
-    if (!getRelay<SoDialogQSlider>()) {
-      createLabelWidget();
-    }
+    createLabelWidget();
     placeWidgets();
   }
   else {
-    if (!m_frameTransform) {
-      create3DDialogSlider();
-    }
+    create3DDialogSlider();
     update3D();
   }
   m_watched.watch(valueVisible);
@@ -357,6 +351,9 @@ void SoDialogSlider::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& po
 
 void SoDialogSlider::createLabelWidget()
 {
+  if (!takesFrame()) {
+    return;
+  }
   auto* relay = new SoDialogQSlider(getWidget(), this);
   setFrame(relay);
   relay->setFinishReported(!continuousTrigger.getValue());
@@ -544,6 +541,9 @@ void SoDialogSlider::changeLabelVisibility()
 
 void SoDialogSlider::create3DDialogSlider()
 {
+  if (m_frameTransform) {
+    return;
+  }
   fillFromSkin("checkStateOff", SoDialogCheckBox::getSkin().getPart("DialogCheckBoxStateOff"));
   fillFromSkin("checkStateOn", SoDialogCheckBox::getSkin().getPart("DialogCheckBoxStateOn"));
   fillFromSkin("frame", getSkin().getPart("DialogSliderFrame"));

@@ -146,7 +146,7 @@ public:
   void handleEvent(SoHandleEventAction* action) override;
   SbVec2i32 getComponentInitSize() override;
   void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
-  SoCellLimits getCellLimits() const override;
+  bool hasSizeAsMinimum() const override;
   void setFocus() override;
   void changeEnable() override;
   void changeLabel() override;
@@ -167,6 +167,16 @@ public:
   void change3DSliderValue(); ///< shows position and value in the scene
   void change3DCursor();      ///< gives the cursor its place
   void update3DSlider();      ///< places everything but the label
+
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  void createLabelWidget();    ///< makes the relay, with all its widgets
+  void updateLabelWidget();    ///< places the widgets of the relay
+  void create3DDialogSlider(); ///< makes the 3D form
+  bool processKeyEvents(
+    const SoKeyboardEvent* event); ///< takes a key while the value is edited in the scene; TRUE when it was used
+  /// @}
 
 protected:
   /// The two ends of the bar, and the value field.
@@ -213,8 +223,6 @@ private:
     QRect edit;
   };
 
-  void createLabelWidget();
-  void updateLabelWidget();
   void showColors();
   Places getPlaces(const SbVec2i32& size) const;
   float getPositionOf(double value) const;
@@ -224,12 +232,10 @@ private:
   void dropUnfinished();
   void setContinuousFromUser(bool continuous);
 
-  void create3DDialogSlider();
   void create3DCaret();
   void create3DColors();
   void change3DColors();
   void start3DEditing();
-  bool processKeyEvents(const SoKeyboardEvent* event);
   float getPointerOnBar();       // the position under the pointer, which may be beyond the ends
   float getCursorRoom() const;   // from the cursor's first place to its last, in scene units
   float getFirstCursorX() const; // of the cursor's middle at position 0, from the component's

@@ -13,6 +13,9 @@ SoTransform* So3DPlacement::insertTransform(SoGroup* group)
 
 void So3DPlacement::place(SoTransform* transform, const SbVec2f& centre, const SbVec2f& size, float z)
 {
+  if (!transform) {
+    return; // the part is not made yet
+  }
   // A scale of nothing cannot be undone, which picking needs.
   constexpr float smallest = 0.001F;
   transform->translation.setValue(centre[0], centre[1], z);

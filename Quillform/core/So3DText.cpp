@@ -42,18 +42,23 @@ So3DText::LineMetrics So3DText::getLineMetrics(const SoGroup* properties)
   return {static_cast<float>(metrics.height()) * scale, static_cast<float>(metrics.ascent()) * scale, fontSize};
 }
 
-void So3DText::attach(SoGroup* group, SoGroup* properties, SoNode* look)
+void So3DText::addNodes(SoGroup* group, SoNode* look, SoTransform* transform, SoText3* text)
 {
-  m_properties = properties;
-  m_transform = new SoTransform;
-  m_text = new SoText3;
   auto* pickStyle = new SoPickStyle;
   // Picking the letters' triangles would make every click slow.
   pickStyle->style = SoPickStyle::BOUNDING_BOX;
   group->addChild(look);
   group->addChild(pickStyle);
-  group->addChild(m_transform);
-  group->addChild(m_text);
+  group->addChild(transform);
+  group->addChild(text);
+}
+
+void So3DText::attach(SoGroup* group, SoGroup* properties, SoNode* look)
+{
+  m_properties = properties;
+  m_transform = new SoTransform;
+  m_text = new SoText3;
+  addNodes(group, look, m_transform, m_text);
 }
 
 bool So3DText::isAttached() const

@@ -18,6 +18,9 @@ class SoTransform;
 /// The nodes belong to the group that they are attached to.
 class QUILLFORM_API So3DText {
 public:
+  /// Adds a text with its place to \a group, behind \a look and so that the letters are picked by their extent.
+  static void addNodes(SoGroup* group, SoNode* look, SoTransform* transform, SoText3* text);
+
   /// Adds the text's nodes to \a group, which holds the text properties \a properties already. \a look, of
   /// the element, says how a disabled text looks.
   void attach(SoGroup* group, SoGroup* properties, SoNode* look);

@@ -1,7 +1,6 @@
 #include <Quillform/core/So3DTextLines.h>
 
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
-#include <Inventor/nodes/SoPickStyle.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoText3.h>
 #include <Inventor/nodes/SoTransform.h>
@@ -24,13 +23,7 @@ void So3DTextLines::attach(SoGroup* group, SoGroup* properties, SoNode* look, So
   m_transform = new SoTransform;
   m_text = new SoText3;
   m_text->string.setNum(0);
-  auto* pickStyle = new SoPickStyle;
-  // Picking the letters' triangles would make every click slow.
-  pickStyle->style = SoPickStyle::BOUNDING_BOX;
-  group->addChild(look);
-  group->addChild(pickStyle);
-  group->addChild(m_transform);
-  group->addChild(m_text);
+  So3DText::addNodes(group, look, m_transform, m_text);
 }
 
 bool So3DTextLines::isAttached() const

@@ -93,6 +93,22 @@ void SoBoxModel::getTotal(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, int m
   }
 }
 
+SbVec2i32 SoBoxModel::getLeastSize(const Children& children, int spacing) const
+{
+  const int along = m_axis;
+  const int across = 1 - m_axis;
+  SbVec2i32 least(0, 0);
+  for (std::size_t i = 0; i < children.size(); i++) {
+    const Entry& entry = m_entries[i];
+    const SoDialogComponent* component = toComponent(children[i]);
+    const SbVec2i32& needed = component && component->hasSizeAsMinimum() ? entry.size : entry.min;
+    least[along] = clampPixels(static_cast<long long>(least[along]) + std::min(needed[along], entry.max[along]) +
+                               (i > 0 ? spacing : 0));
+    least[across] = std::max(least[across], std::min(needed[across], entry.max[across]));
+  }
+  return least;
+}
+
 void SoBoxModel::distribute(int length, int defaultLength)
 {
   int rest = length - defaultLength;

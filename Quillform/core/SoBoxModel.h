@@ -34,6 +34,9 @@ public:
   /// \a margin pixels on every side and \a spacing pixels between consecutive children.
   void getTotal(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, int margin, int spacing, int menuBars) const;
 
+  /// The least size in which the measured \a children, with \a spacing pixels between them, do not overlap.
+  SbVec2i32 getLeastSize(const Children& children, int spacing) const;
+
   /// Spreads the difference between \a length, along the axis, and the default length over the children, a
   /// pixel at a time, each within its bounds, starting where the last call stopped.
   void distribute(int length, int defaultLength);

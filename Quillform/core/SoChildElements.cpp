@@ -8,6 +8,8 @@
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoQuillform.h>
 #include <algorithm>
+#include <cctype>
+#include <string>
 #include <utility>
 
 namespace {
@@ -264,6 +266,31 @@ void SoChildElements::synchronizeNow()
   }
 }
 
+bool SoChildElements::refusesWord(SoInput* in) const
+{
+  SbName word;
+  if (!in->read(word, TRUE) || word.getLength() == 0) {
+    return false; // the element ends here
+  }
+  std::string taken = word.getString(); // given back exactly as it stands in the file
+  char next = '{';
+  if (word != "DEF" && word != "USE") {
+    do {
+      if (!in->get(next)) {
+        break;
+      }
+      taken += next;
+    } while (std::isspace(static_cast<unsigned char>(next)));
+  }
+  in->putBack(taken.c_str());
+  if (next == '{' || next == '#' || std::isspace(static_cast<unsigned char>(next))) {
+    return false; // an element, perhaps behind a comment, or the end of the file
+  }
+  SoReadError::post(in, "\"%s\" is no field of %s, and no element follows", word.getString(),
+                    m_owner->getTypeId().getName().getString());
+  return true;
+}
+
 SbBool SoChildElements::readChildren(SoInput* in)
 {
   const ReadLevel level(m_owner);
@@ -278,6 +305,9 @@ SbBool SoChildElements::readChildren(SoInput* in)
   }
   SbBool isRead = TRUE;
   for (int i = 0; !in->isBinary() || i < announced; i++) {
+    if (!in->isBinary() && refusesWord(in)) {
+      return FALSE;
+    }
     SoBase* base = nullptr;
     const SbBool ok = SoBase::read(in, base, m_rules.childType());
     if (ok && base) {

@@ -56,6 +56,9 @@ public:
   /// @}
 
 private:
+  /// A word that begins no element is most likely a misspelled field; TRUE when that was said.
+  bool refusesWord(SoInput* in) const;
+
   bool isAcceptable(SoNode* child) const;
   void detach(SoQuillform* child);
   void synchronize();

@@ -338,14 +338,27 @@ void SoDialogComponent::createComponentWidget(QWidget* parent)
   }
 }
 
+bool SoDialogComponent::takesFrame() const
+{
+  return m_cell && !m_frame;
+}
+
 void SoDialogComponent::setFrame(QFrame* frame)
 {
   m_frame = frame;
   m_componentWidget = frame;
 }
 
+bool SoDialogComponent::hasSizeAsMinimum() const
+{
+  return false;
+}
+
 QSize SoDialogComponent::getSmallestSize() const
 {
+  if (hasSizeAsMinimum()) {
+    return {width.getValue(), height.getValue()};
+  }
   // The maximum wins over a larger minimum; widgets would see it the other way round.
   return QSize(minWidth.getValue(), minHeight.getValue()).boundedTo({maxWidth.getValue(), maxHeight.getValue()});
 }

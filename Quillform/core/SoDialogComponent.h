@@ -178,6 +178,9 @@ public:
   /// The frame has a new size: stores it in width and height and places what stands inside.
   void widgetResized(int newWidth, int newHeight);
 
+  /// TRUE when the frame never gets smaller than the size chosen for it, whatever its minimum fields say.
+  virtual bool hasSizeAsMinimum() const;
+
   /// How the component's frame stands in its cell.
   virtual SoCellLimits getCellLimits() const;
 
@@ -212,11 +215,14 @@ protected:
   /// The class's size and bounds as getSize uses them: getDefaultSize, with what a class adds to it.
   virtual void getDefaultFrameSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
 
-  /// The minimum in the sizing fields, as far as the maximum leaves room for it.
+  /// The frame's minimum, as far as the maximum leaves room for it.
   QSize getSmallestSize() const;
 
   /// TRUE when the build depends on more than the component's fields and the sizes that its container gives it.
   virtual bool isAlwaysBuilt() const;
+
+  /// TRUE while the component has its cell but no frame in it yet.
+  bool takesFrame() const;
 
   /// Makes \a frame the component's widget.
   void setFrame(QFrame* frame);

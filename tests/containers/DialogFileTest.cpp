@@ -6,7 +6,7 @@
 #include <Inventor/nodes/SoCube.h>
 #include <Inventor/nodes/SoGroup.h>
 #include <Inventor/nodes/SoSeparator.h>
-#include <QDir>
+#include <QDirIterator>
 #include <QPushButton>
 #include <Quillform/Quillform.h>
 #include <forms/Plan.h>
@@ -397,10 +397,10 @@ TEST_F(DialogFileTest, theBoundingBoxHoldsTheChildren)
 
 TEST_F(DialogFileTest, everyExampleIsWrittenBackAsItWasLoaded)
 {
-  const QDir directory(QUILLFORM_TEST_EXAMPLES);
+  QDirIterator files(QUILLFORM_TEST_EXAMPLES, {"*.iv"}, QDir::Files, QDirIterator::Subdirectories);
   int count = 0;
-  for (const QString& name : directory.entryList({"*.iv"})) {
-    const std::string path = directory.filePath(name).toStdString();
+  while (files.hasNext()) {
+    const std::string path = files.next().toStdString();
     auto* dialog = dynamic_cast<SoTopLevelDialog*>(SoQuillform::loadFromFile(path.c_str(), ""));
     if (!dialog) {
       continue;

@@ -289,7 +289,9 @@ TEST_F(RadioButtonsTest, anAuditorMayRemoveTheElementOrTheButtonThatCallsIt)
   EXPECT_EQ(radio->selectedItem.getValue(), 0);
   EXPECT_EQ(checkedOf(radio), 0);
   settle();
-  heard.then = [this](SoDialogChoice* /*choice*/) { m_dialog->removeAllChildren(); };
+  heard.then = [this](SoDialogChoice* /*choice*/) {
+    m_dialog->removeAllChildren();
+  };
   click(0);
   EXPECT_EQ(heard.chosen, (std::vector<int>{2, 0}));
   settle();

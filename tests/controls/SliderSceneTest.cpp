@@ -74,7 +74,8 @@ protected:
   SbVec2s onBar(SoQuillform* slider, float position)
   {
     const QRectF bar = rectOf(slider, "frameSep");
-    const double x = bar.left() + SoQtBasicSlider::thumbWidth * 0.5 + (bar.width() - SoQtBasicSlider::thumbWidth) * position;
+    const double x =
+      bar.left() + SoQtBasicSlider::thumbWidth * 0.5 + (bar.width() - SoQtBasicSlider::thumbWidth) * position;
     return scene.pixel(static_cast<float>(x), static_cast<float>(-bar.center().y()));
   }
 
@@ -102,7 +103,8 @@ protected:
   void type(const std::string& text)
   {
     for (const char character : text) {
-      key(character >= '0' && character <= '9' ? static_cast<SoKeyboardEvent::Key>(character) : SoKeyboardEvent::UNDEFINED,
+      key(character >= '0' && character <= '9' ? static_cast<SoKeyboardEvent::Key>(character)
+                                               : SoKeyboardEvent::UNDEFINED,
           character);
     }
   }
@@ -275,8 +277,9 @@ TEST_F(SliderSceneTest, thePartsStandInTheirOrder)
 
 TEST_F(SliderSceneTest, bothFormsPutThePartsInTheSamePlaces)
 {
-  dialog = load("TopLevelDialog { DialogRealSlider { label \"Width:\" } DialogIntegerSlider { label \"Number of steps:\" "
-                "max 1000 toggleVisible FALSE } }");
+  dialog =
+    load("TopLevelDialog { DialogRealSlider { label \"Width:\" } DialogIntegerSlider { label \"Number of steps:\" "
+         "max 1000 toggleVisible FALSE } }");
   dialog->buildDialog(nullptr, FALSE);
   dialog->show();
   settle();
@@ -471,7 +474,9 @@ TEST_F(SliderSceneTest, disablingInTheMiddleOfADragBringsTheValueBack)
 TEST_F(SliderSceneTest, anAuditorThatChangesTheValueHasTheLastWord)
 {
   SoDialogIntegerSlider* slider = openInteger("max 10");
-  heard.action = [slider] { slider->value = 2; };
+  heard.action = [slider] {
+    slider->value = 2;
+  };
   drag(on(slider, "cursorSep"), onBar(slider, 0.9F));
   EXPECT_EQ(slider->value.getValue(), 2);
   EXPECT_EQ(textOf(slider), "2");
@@ -500,7 +505,9 @@ TEST_F(SliderSceneTest, anAuditorMayRemoveTheSlider)
       heard.values.clear();
       SoDialogIntegerSlider* slider = openInteger(fields);
       SoTopLevelDialog* opened = dialog;
-      heard.action = [opened] { opened->removeAllChildren(); };
+      heard.action = [opened] {
+        opened->removeAllChildren();
+      };
       act(slider);
       EXPECT_EQ(heard.values.size(), 1U) << fields;
       EXPECT_EQ(opened->getNumChildren(), 0);

@@ -144,8 +144,9 @@ TEST_F(SliderTest, fieldsHaveTheirDefaultsAndTheirOrder)
     integer->getFieldName(fields[i], name);
     names.emplace_back(name.getString());
   }
-  std::vector<std::string> wanted = {"valueVisible", "format", "continuousTrigger", "toggleVisible", "fixedLimits",
-                                     "colors", "shadedColors", "min", "max", "value"};
+  std::vector<std::string> wanted = {"valueVisible", "format", "continuousTrigger", "toggleVisible",
+                                     "fixedLimits",  "colors", "shadedColors",      "min",
+                                     "max",          "value"};
   std::size_t found = 0;
   for (const std::string& name : names) {
     found += found < wanted.size() && name == wanted[found] ? 1 : 0;
@@ -165,17 +166,16 @@ TEST_F(SliderTest, theCatalogHasItsParts)
     const char* type;
     const char* parent;
     bool isPublic;
-  } wanted[] = {
-    {"labelSep", "Separator", "geomSwitch", false},   {"labelSwitch", "Switch", "labelSep", false},
-    {"labelProp", "Group", "labelSwitch", true},      {"checkSep", "Separator", "geomSwitch", false},
-    {"checkSwtch", "Switch", "checkSep", false},      {"checkStateOff", "Group", "checkSwtch", true},
-    {"checkStateOn", "Group", "checkSwtch", true},    {"sliderSep", "Separator", "geomSwitch", false},
-    {"frameSep", "Separator", "sliderSep", false},    {"frame", "Group", "frameSep", true},
-    {"cursorSep", "Separator", "sliderSep", false},   {"cursor", "Group", "cursorSep", true},
-    {"edtSwtch", "Switch", "geomSwitch", false},      {"edtFrmSep", "Separator", "edtSwtch", false},
-    {"edtFrmSwtch", "Switch", "edtFrmSep", false},    {"valueFrame", "Group", "edtFrmSwtch", true},
-    {"editValueFrame", "Group", "edtFrmSwtch", true}, {"editTextSep", "Separator", "edtSwtch", false},
-    {"editTextProp", "Group", "editTextSep", true}};
+  } wanted[] = {{"labelSep", "Separator", "geomSwitch", false},   {"labelSwitch", "Switch", "labelSep", false},
+                {"labelProp", "Group", "labelSwitch", true},      {"checkSep", "Separator", "geomSwitch", false},
+                {"checkSwtch", "Switch", "checkSep", false},      {"checkStateOff", "Group", "checkSwtch", true},
+                {"checkStateOn", "Group", "checkSwtch", true},    {"sliderSep", "Separator", "geomSwitch", false},
+                {"frameSep", "Separator", "sliderSep", false},    {"frame", "Group", "frameSep", true},
+                {"cursorSep", "Separator", "sliderSep", false},   {"cursor", "Group", "cursorSep", true},
+                {"edtSwtch", "Switch", "geomSwitch", false},      {"edtFrmSep", "Separator", "edtSwtch", false},
+                {"edtFrmSwtch", "Switch", "edtFrmSep", false},    {"valueFrame", "Group", "edtFrmSwtch", true},
+                {"editValueFrame", "Group", "edtFrmSwtch", true}, {"editTextSep", "Separator", "edtSwtch", false},
+                {"editTextProp", "Group", "editTextSep", true}};
   const SoNodekitCatalog* catalog = slider->getNodekitCatalog();
   for (const auto& part : wanted) {
     const int number = catalog->getPartNumber(part.name);
@@ -211,8 +211,8 @@ TEST_F(SliderTest, theWidgetsHaveTheirNamesAndTheDialogsFont)
   auto* label = slider->getWidget()->findChild<QLabel*>("ZEPSoDialogQSliderLabelWidget");
   ASSERT_NE(label, nullptr);
   EXPECT_EQ(label->text(), "Steps:");
-  for (const QWidget* widget : {static_cast<QWidget*>(editOf(slider)), static_cast<QWidget*>(toggleOf(slider)),
-                                static_cast<QWidget*>(label)}) {
+  for (const QWidget* widget :
+       {static_cast<QWidget*>(editOf(slider)), static_cast<QWidget*>(toggleOf(slider)), static_cast<QWidget*>(label)}) {
     EXPECT_EQ(widget->font().family(), SoQuillform::getQuillformFont().family());
     EXPECT_EQ(widget->font().pointSize(), SoQuillform::getQuillformFont().pointSize());
   }
@@ -398,8 +398,8 @@ TEST_F(SliderTest, badLimitsKeepTheBarBetweenItsEndsAndHeal)
   SoDialogRealSlider* slider = openReal("min 0 max 1 value 0.5");
   const float inf = std::numeric_limits<float>::infinity();
   const float nan = std::numeric_limits<float>::quiet_NaN();
-  const float limits[][2] = {{nan, 1.0F}, {0.0F, nan}, {nan, nan}, {-inf, inf}, {0.0F, inf}, {inf, -inf}, {5.0F, -5.0F},
-                             {2.0F, 2.0F}};
+  const float limits[][2] = {{nan, 1.0F}, {0.0F, nan}, {nan, nan},    {-inf, inf},
+                             {0.0F, inf}, {inf, -inf}, {5.0F, -5.0F}, {2.0F, 2.0F}};
   for (const auto& pair : limits) {
     slider->min = pair[0];
     slider->max = pair[1];
@@ -797,7 +797,9 @@ TEST_F(SliderTest, anAuditorMayRemoveTheSlider)
       heard.values.clear();
       SoDialogIntegerSlider* slider = openInteger(fields);
       SoTopLevelDialog* opened = dialog;
-      heard.action = [opened] { opened->removeAllChildren(); };
+      heard.action = [opened] {
+        opened->removeAllChildren();
+      };
       act(slider);
       EXPECT_EQ(heard.values.size(), 1U) << fields;
       EXPECT_EQ(opened->getNumChildren(), 0);
@@ -810,7 +812,9 @@ TEST_F(SliderTest, anAuditorMayDeleteTheWindow)
 {
   SoDialogIntegerSlider* slider = openInteger("max 10 continuousTrigger TRUE");
   QPointer<QWidget> relay = slider->getWidget();
-  heard.action = [this] { dialog->destroyWidget(); };
+  heard.action = [this] {
+    dialog->destroyWidget();
+  };
   QTest::keyClick(barOf(slider), Qt::Key_End);
   EXPECT_EQ(slider->value.getValue(), 10);
   settle();

@@ -30,7 +30,8 @@ class ValueFormatTest : public QuillformTest {};
 TEST_F(ValueFormatTest, printsAsPrintfDoes)
 {
   const Messages messages;
-  for (const char* format : {"%d", "%i", "%5d", "%-5d", "%05d", "%+d", "% d", "%.3d", "%8.3d", "%08.3d", "%+05d", "%-05d"}) {
+  for (const char* format :
+       {"%d", "%i", "%5d", "%-5d", "%05d", "%+d", "% d", "%.3d", "%8.3d", "%08.3d", "%+05d", "%-05d"}) {
     for (const int value : {0, 7, -7, 12345678, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
       char expected[100];
       std::snprintf(expected, sizeof expected, format, value);
@@ -67,8 +68,9 @@ TEST_F(ValueFormatTest, keepsTheTextAroundTheNumber)
 
 TEST_F(ValueFormatTest, refusesEverythingThatIsNotExactlyOneNumber)
 {
-  for (const char* format : {"", "none", "%%", "%s", "%n", "%p", "%c", "%d %d", "%d%n", "%*d", "%.*d", "%1$d", "%", "%5",
-                             "%.", "%l", "%f", "%hhd", "%'d", "%99999999999d", "%.99999999999d", "%65d", "%d %"}) {
+  for (const char* format :
+       {"",  "none", "%%", "%s", "%n", "%p",   "%c",  "%d %d",         "%d%n",           "%*d",  "%.*d", "%1$d",
+        "%", "%5",   "%.", "%l", "%f", "%hhd", "%'d", "%99999999999d", "%.99999999999d", "%65d", "%d %"}) {
     const Messages messages;
     EXPECT_EQ(print(integer, format, 7), "7") << format;
     EXPECT_EQ(messages.count("SoValueFormat::set"), 1) << format;

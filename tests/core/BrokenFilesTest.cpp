@@ -170,6 +170,10 @@ TEST_F(BrokenFilesTest, anUnknownClassAtTheTopIsNoElement)
 TEST_F(BrokenFilesTest, anUnknownFieldIsNamedWithItsLine)
 {
   expectRefused(header + "TopLevelDialog {\n  labell \"x\"\n}\n", "line   3");
+  expectRefused(header + "TopLevelDialog {\n  labell \"x\"\n}\n", "\"labell\" is no field of SoTopLevelDialog");
+  expectRefused(header + "TopLevelDialog {\n  RowDialog {\n    marginn 3\n  }\n}\n",
+                "\"marginn\" is no field of RowDialog");
+  expectRefused(header + "TopLevelDialog {\n  marginn\n}\n", "\"marginn\" is no field");
   expectRefused(header + "TopLevelDialog {\n  DialogLabel { colour 1 2 3 }\n}\n", "colour");
 }
 

@@ -1,5 +1,5 @@
 #include <Inventor/nodes/SoText3.h>
-#include <QDir>
+#include <QDirIterator>
 #include <QLabel>
 #include <QPushButton>
 #include <Quillform/Quillform.h>
@@ -130,10 +130,10 @@ protected:
 
 TEST_F(SamePlanTest, theExamplesHaveOnePlanInBothForms)
 {
-  const QDir directory(QUILLFORM_TEST_EXAMPLES);
+  QDirIterator files(QUILLFORM_TEST_EXAMPLES, {"*.iv"}, QDir::Files, QDirIterator::Subdirectories);
   int count = 0;
-  for (const QString& name : directory.entryList({"*.iv"})) {
-    const std::string path = directory.filePath(name).toStdString();
+  while (files.hasNext()) {
+    const std::string path = files.next().toStdString();
     auto* dialog = dynamic_cast<SoTopLevelDialog*>(SoQuillform::loadFromFile(path.c_str(), ""));
     if (dialog) {
       ++count;
@@ -291,6 +291,55 @@ TEST_F(SamePlanTest, slidersInRowsAndColumnsAlsoAfterARowWasAdded)
       dialog->addChild(added);
     });
   }
+}
+
+TEST_F(SamePlanTest, rowsThatNeedMoreThanTheirMinimumDoNotOverlap)
+{
+  for (const std::string size : {"", "width 10 height 10 ", "resizable FALSE width 10 height 10 "}) {
+    SoTopLevelDialog* window = load("TopLevelDialog { " + size +
+                                    "DialogIntegerSlider { label \"A\" } DialogSeparator { } DialogRealSlider { } "
+                                    "DialogSeparator { } DialogPushButton { buttonLabel \"B\" } }");
+    SoTopLevelDialog* inScene = copyOf(window);
+    Scene scene;
+    scene.open(inScene);
+    window->buildDialog(nullptr, FALSE);
+    window->show();
+    settle();
+    const auto expectNoOverlap = [&](const std::string& where) {
+      for (const auto& plan : {Plan::windowPlan(window), Plan::scenePlan(inScene)}) {
+        for (std::size_t i = 1; i < plan.size(); i++) {
+          EXPECT_GE(plan[i].top(), plan[i - 1].bottom()) << where << " " << size << i;
+        }
+        EXPECT_LE(plan.back().bottom(), window->getWidget()->height()) << where << " " << size;
+      }
+      expectSamePlan(window, inScene, where + " " + size);
+    };
+    expectNoOverlap("built");
+    for (SoTopLevelDialog* dialog : {window, inScene}) {
+      dialog->addChild(new SoDialogIntegerSlider); // the window keeps its size if it can
+    }
+    settle();
+    expectNoOverlap("added");
+    window->getWidget()->resize(1, 1);
+    settle();
+    EXPECT_EQ(window->getWidget()->size(), QSize(window->minWidth.getValue(), window->minHeight.getValue()));
+    const auto smallest = Plan::windowPlan(window);
+    EXPECT_LE(smallest.back().bottom(), window->getWidget()->height()) << size;
+    inScene->unref();
+  }
+}
+
+TEST_F(SamePlanTest, limitsOfTheAuthorCountMoreThanTheRoomForTheRows)
+{
+  SoTopLevelDialog* low = load("TopLevelDialog { minHeight 20 height 20 DialogIntegerSlider { } }");
+  SoTopLevelDialog* narrow = load("TopLevelDialog { maxWidth 60 DialogIntegerSlider { } }");
+  for (SoTopLevelDialog* dialog : {low, narrow}) {
+    dialog->buildDialog(nullptr, FALSE);
+    dialog->show();
+  }
+  settle();
+  EXPECT_EQ(low->getWidget()->height(), 20);
+  EXPECT_EQ(narrow->getWidget()->width(), 60);
 }
 
 TEST_F(SamePlanTest, tabDialogs)

@@ -138,9 +138,8 @@ TEST_F(BasicSliderTest, everyKeyMovesTheThumbAndEnds)
   const struct {
     Qt::Key key;
     float value;
-  } steps[] = {{Qt::Key_End, 1.0F},  {Qt::Key_Left, 0.95F},     {Qt::Key_Down, 0.9F},
-               {Qt::Key_Up, 0.95F},  {Qt::Key_PageDown, 0.75F}, {Qt::Key_Home, 0.0F},
-               {Qt::Key_Right, 0.05F}, {Qt::Key_PageUp, 0.25F}};
+  } steps[] = {{Qt::Key_End, 1.0F},       {Qt::Key_Left, 0.95F}, {Qt::Key_Down, 0.9F},   {Qt::Key_Up, 0.95F},
+               {Qt::Key_PageDown, 0.75F}, {Qt::Key_Home, 0.0F},  {Qt::Key_Right, 0.05F}, {Qt::Key_PageUp, 0.25F}};
   std::size_t count = 0;
   for (const auto& step : steps) {
     QTest::keyClick(&slider, step.key);
