@@ -8,6 +8,8 @@
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoQuillform.h>
 #include <algorithm>
+#include <cstring>
+#include <string>
 #include <utility>
 
 namespace {
@@ -270,13 +272,18 @@ bool SoChildElements::refusesWord(SoInput* in) const
   if (!in->read(word, TRUE) || word.getLength() == 0) {
     return false; // the element ends here
   }
+  // What is put back must be what was read, blanks included: the input only steps back by its length.
+  std::string taken = word.getString();
   const bool isReference = word == "DEF" || word == "USE";
   char next = '{';
-  if (!isReference && in->read(next)) {
-    in->putBack(next);
+  while (!isReference && in->get(next)) {
+    taken += next;
+    if (std::strchr(" \t\r\n,", next) == nullptr) {
+      break;
+    }
   }
-  in->putBack(word.getString());
-  if (next == '{') {
+  in->putBack(taken.c_str());
+  if (next == '{' || next == '#') { // a comment may stand between the class name and its brace
     return false;
   }
   SoReadError::post(in, "\"%s\" is no field of %s, and no element follows", word.getString(),
