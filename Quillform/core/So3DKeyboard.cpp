@@ -47,6 +47,7 @@ void createOutline()
 {
   s_keyboard.outline = new SoSeparator;
   s_keyboard.outline->ref();
+  s_keyboard.outline->setName("KeyboardOutline");
   auto* pickStyle = new SoPickStyle;
   pickStyle->style = SoPickStyle::UNPICKABLE;
   auto* lightModel = new SoLightModel;
@@ -93,11 +94,17 @@ void showOutline()
   s_keyboard.outlined->addChild(s_keyboard.outline);
 }
 
-/// Leaves the dialog in which the keyboard is; its next Tab begins at the first element.
+/// The dialog in which the keyboard is keeps it; its next Tab begins at the first element.
 void dropElement()
 {
   hideOutline();
   s_keyboard.element = nullptr;
+}
+
+void leave()
+{
+  dropElement();
+  s_keyboard.root = nullptr;
 }
 
 bool isUsable(const SoQuillform* element)
@@ -154,29 +161,27 @@ void So3DKeyboard::beginEvent(SoHandleEventAction* action)
 void So3DKeyboard::endEvent(SoQuillform* root, SoHandleEventAction* action)
 {
   const SoEvent* event = action->getEvent();
-  if (!s_keyboard.root || s_keyboard.root != root) {
+  if (SO_MOUSE_PRESS_EVENT(event, BUTTON1) && !s_keyboard.wasTaken && s_keyboard.root == root) {
+    leave();
+  }
+  if (!event->isOfType(SoKeyboardEvent::getClassTypeId()) || action->isHandled()) {
     return;
   }
-  if (SO_MOUSE_PRESS_EVENT(event, BUTTON1) && !s_keyboard.wasTaken) {
-    release(root);
-    dropElement();
-  }
-  else if (event->isOfType(SoKeyboardEvent::getClassTypeId()) && !action->isHandled()) {
-    const int key = static_cast<const SoKeyboardEvent*>(event)->getKey();
-    if (static_cast<const SoKeyboardEvent*>(event)->getState() == SoButtonEvent::UP) {
-      if (key == s_keyboard.heldKey) {
-        s_keyboard.heldKey = SoKeyboardEvent::ANY;
-        action->setHandled();
-      }
-    }
-    else if (pressKey(root, action)) {
-      s_keyboard.heldKey = key;
+  const auto* keyEvent = static_cast<const SoKeyboardEvent*>(event);
+  const int key = keyEvent->getKey();
+  if (keyEvent->getState() == SoButtonEvent::UP) {
+    if (key == s_keyboard.heldKey && key != SoKeyboardEvent::ANY) {
+      s_keyboard.heldKey = SoKeyboardEvent::ANY;
       action->setHandled();
     }
   }
+  else if (s_keyboard.root == root && pressKey(action)) {
+    s_keyboard.heldKey = key;
+    action->setHandled();
+  }
 }
 
-bool So3DKeyboard::pressKey(SoQuillform* root, SoHandleEventAction* action)
+bool So3DKeyboard::pressKey(SoHandleEventAction* action)
 {
   const auto* event = static_cast<const SoKeyboardEvent*>(action->getEvent());
   const int key = event->getKey();
@@ -199,8 +204,7 @@ bool So3DKeyboard::pressKey(SoQuillform* root, SoHandleEventAction* action)
     return true;
   }
   if (key == SoKeyboardEvent::ESCAPE && s_keyboard.outlined) {
-    release(root);
-    dropElement();
+    leave();
     return true;
   }
   return false;

@@ -44,7 +44,7 @@ public:
   /// @}
 
 private:
-  static bool pressKey(SoQuillform* root, SoHandleEventAction* action);
+  static bool pressKey(SoHandleEventAction* action);
   static bool moveBy(int step, SoHandleEventAction* action);
 };
 
