@@ -21,6 +21,7 @@ public:
   {
     setObjectName(nameOf("GroupWidget"));
     SoQuillform::setWidgetFont(this);
+    setControl(this);
   }
 };
 
@@ -326,6 +327,7 @@ void SoDialogGroup::createGroupWidget()
   changeEdgeStyle();
   changeSpacing();
   changeEnable();
+  changeLabel();
 }
 
 void SoDialogGroup::updateChildren()
@@ -373,6 +375,11 @@ void SoDialogGroup::changeEnable()
 {
   inherited::changeEnable();
   changeWidgetEnable(enable.getValue());
+}
+
+void SoDialogGroup::changeLabel()
+{
+  showSideLabel(); // shown nowhere in the window, it names the group
 }
 
 void SoDialogGroup::changeWidgetEnable(int enabled)

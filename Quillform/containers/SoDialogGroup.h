@@ -84,6 +84,7 @@ public:
   void destroyWidget() override;
   void updateFromSensor(SoSensor* sensor) override;
   void changeEnable() override;
+  void changeLabel() override;
   void changeEdgeStyle() override;
   void changeWidgetEnable(int enable) override;
 

@@ -60,6 +60,7 @@ SoDialogQTabDialog::SoDialogQTabDialog(QWidget* parent, SoDialogComponent* owner
 {
   m_tabs->setObjectName(nameOf("TabWidget"));
   SoQuillform::setWidgetFont(m_tabs);
+  setControl(m_tabs);
   connect(m_tabs, &QTabWidget::currentChanged, this, &SoDialogQTabDialog::eventNotify);
 }
 

@@ -8,6 +8,7 @@
 #include <Quillform/auditors/SoAuditorDispatch.h>
 #include <Quillform/auditors/SoTabDialogAuditor.h>
 #include <Quillform/containers/SoDialogQTabDialog.h>
+#include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoText.h>
 #include <algorithm>
@@ -274,6 +275,7 @@ void SoTabDialog::createGroupWidget()
   m_tabs.clear();
   changeEdgeStyle();
   changeEnable();
+  changeLabel();
   addFrameToCell();
 }
 
@@ -553,4 +555,26 @@ void SoTabDialog::release3D()
   else if (page && page == getPressedPage()) {
     eventNotify(static_cast<unsigned int>(findChild(page)), 0);
   }
+}
+
+// Keys in the scene: the arrows select the neighbouring pages
+
+bool SoTabDialog::usesKeys3D() const
+{
+  return getNumChildren() > 0;
+}
+
+SbBool SoTabDialog::pressKey3D(const SoKeyboardEvent* event)
+{
+  const int page = So3DKeyboard::step(event, selectedPage.getValue(), getNumChildren(), 1);
+  if (page >= 0) {
+    eventNotify(static_cast<unsigned int>(page), 0);
+  }
+  return page >= 0;
+}
+
+QRect SoTabDialog::getKeyboardRect3D() const
+{
+  const SoTabPlan plan = getPlan3D();
+  return plan.getBarRect(0, plan.getBarLength()).translated(SoTabPlan::inset, SoTabPlan::inset).adjusted(-1, -1, 1, 1);
 }

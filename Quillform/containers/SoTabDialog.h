@@ -135,6 +135,8 @@ public:
   /// @}
 
   SbBool shows3D(const SoQuillform* child) const override;
+  SbBool pressKey3D(const SoKeyboardEvent* event) override;
+  QRect getKeyboardRect3D() const override;
   void change3DPages();          ///< places tabs and pages in the scene anew
   void change3DSelectedPage();   ///< as changeSelectedPage, in the scene
   void change3DFirstPageLeft();  ///< scrolls the tabs in the scene towards the first
@@ -147,6 +149,7 @@ protected:
   void createGroupWidget() override;
   std::vector<QRect> planChildren() override;
   float getFaceHeight() const override;
+  bool usesKeys3D() const override;
   void press3D() override;
   void release3D() override;
 

@@ -12,6 +12,7 @@
 #include <Quillform/auditors/SoTopLevelAuditor.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoDialogComponent.h>
+#include <Quillform/core/SoReadingOrder.h>
 #include <Quillform/core/SoText.h>
 #include <Quillform/platform/SoInSceneMode.h>
 #include <algorithm>
@@ -514,6 +515,7 @@ void SoTopLevelDialog::updateChildren()
 {
   if (m_layout) {
     m_box.buildWidgets(getComponents(), m_base, m_layout);
+    SoReadingOrder::applyTo(this, m_base);
   }
 }
 

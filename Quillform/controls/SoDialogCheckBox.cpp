@@ -7,6 +7,7 @@
 #include <Quillform/auditors/SoAuditorDispatch.h>
 #include <Quillform/auditors/SoDialogCheckBoxAuditor.h>
 #include <Quillform/controls/SoDialogQCheckBox.h>
+#include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoText.h>
 #include <algorithm>
@@ -317,4 +318,20 @@ void SoDialogCheckBox::draggerFinishCallback3D()
   set3DCurrentActive(this);
   set3DInactive();
   eventNotify(state.getValue() ? 0 : 1, 0);
+}
+
+// Keys in the scene
+
+bool SoDialogCheckBox::usesKeys3D() const
+{
+  return true;
+}
+
+SbBool SoDialogCheckBox::pressKey3D(const SoKeyboardEvent* event)
+{
+  if (!So3DKeyboard::isPress(event)) {
+    return FALSE;
+  }
+  draggerFinishCallback3D();
+  return TRUE;
 }

@@ -81,6 +81,7 @@ public:
   void changeState();
   void changeOnOffString();
   void change3DLabelVisibility() override;
+  SbBool pressKey3D(const SoKeyboardEvent* event) override;
   virtual void change3DState();
   void change3DOnOffString();
 
@@ -101,6 +102,7 @@ protected:
 
   void placeWidgets() override;
   void update3D() override;
+  bool usesKeys3D() const override;
   void release3D() override;
 
 private:

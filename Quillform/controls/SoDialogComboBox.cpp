@@ -2,6 +2,7 @@
 
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
 #include <Inventor/actions/SoHandleEventAction.h>
+#include <Inventor/events/SoKeyboardEvent.h>
 #include <Inventor/events/SoMouseButtonEvent.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoPickStyle.h>
@@ -9,6 +10,7 @@
 #include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoTransform.h>
 #include <Quillform/controls/SoDialogQComboBox.h>
+#include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoText.h>
@@ -310,6 +312,7 @@ void SoDialogComboBox::change3DItems()
 void SoDialogComboBox::change3DSelectedItem()
 {
   clampSelection(items.getNum());
+  m_marked = -1;
   const QRect box = getBoxRect3D();
   m_text3D.setText(getSelectedText());
   m_text3D.fit(QRect(box.x() + textMargin, box.y(), box.width() - box.height() - textMargin, box.height()), get3DSize(),
@@ -320,7 +323,7 @@ void SoDialogComboBox::change3DSelectedItem()
 void SoDialogComboBox::update3DList()
 {
   if (m_list.isOpen()) {
-    m_list.show(items, selectedItem.getValue(), getBoundingBoxAction());
+    m_list.show(items, getMarkedEntry(), getBoundingBoxAction());
   }
 }
 
@@ -357,6 +360,7 @@ QRect SoDialogComboBox::getListRect(const QRect& box, int& inSight)
 void SoDialogComboBox::open3DList()
 {
   set3DCurrentActive(this); // first, so that no other open list is measured
+  m_marked = -1;
   makePart<SoSwitch>("buttonSwitch")->whichChild = 1;
 
   SoGetBoundingBoxAction* measure = getBoundingBoxAction();
@@ -476,4 +480,46 @@ void SoDialogComboBox::handleEvent(SoHandleEventAction* action)
     }
   }
   inherited::handleEvent(action);
+}
+
+// Keys in the scene
+
+bool SoDialogComboBox::usesKeys3D() const
+{
+  return true;
+}
+
+SbBool SoDialogComboBox::pressKey3D(const SoKeyboardEvent* event)
+{
+  const bool isPress = So3DKeyboard::isPress(event);
+  if (!m_list.isOpen()) {
+    const int entry = So3DKeyboard::step(event, selectedItem.getValue(), getNumItems(), largestList);
+    if (isPress) {
+      open3DList();
+    }
+    else if (entry >= 0 && entry != selectedItem.getValue()) {
+      chooseIn3D(entry);
+    }
+    return isPress || entry >= 0;
+  }
+  const int marked = getMarkedEntry();
+  if (isPress || event->getKey() == SoKeyboardEvent::ESCAPE) {
+    if (isPress && marked >= 0 && marked < getNumItems()) {
+      chooseIn3D(marked);
+    }
+    set3DInactive();
+    return TRUE;
+  }
+  const int entry = So3DKeyboard::step(event, marked, getNumItems(), largestList);
+  if (entry >= 0) {
+    m_marked = entry;
+    m_list.reveal(entry);
+    update3DList();
+  }
+  return entry >= 0;
+}
+
+int SoDialogComboBox::getMarkedEntry() const
+{
+  return m_marked >= 0 ? m_marked : selectedItem.getValue();
 }

@@ -84,6 +84,7 @@ public:
   void change3DEnable() override;
   void change3DWidgetEnable(int enable) override;
   void change3DLabelVisibility() override;
+  SbBool pressKey3D(const SoKeyboardEvent* event) override;
   void change3DItems() override;
   void change3DSelectedItem() override;
   void update3DComboBox();
@@ -102,6 +103,7 @@ protected:
   void placeWidgets() override;
   QRect getSideLabelRect(int frameHeight) const override;
   void update3D() override;
+  bool usesKeys3D() const override;
   void press3D() override;
   void drag3D() override;
   void release3D() override;
@@ -118,9 +120,11 @@ private:
   void close3DListIfDisabled();
   void update3DList();
   void press3DList();
+  int getMarkedEntry() const;
 
   So3DText m_text3D;                        // the chosen entry in the scene
   So3DEntryList m_list;                     // the list in the scene
+  int m_marked = -1;                        // in the open list, the entry that keys have led to
   SoTransform* m_frameTransform = nullptr;  // below frameSep, which owns it
   SoTransform* m_buttonTransform = nullptr; // below buttonSep, which owns it
 };

@@ -10,8 +10,10 @@
 #include <Quillform/auditors/SoAuditorDispatch.h>
 #include <Quillform/auditors/SoDialogEditTextAuditor.h>
 #include <Quillform/controls/SoDialogQEditText.h>
+#include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoEventScope.h>
+#include <Quillform/core/SoReadingOrder.h>
 #include <Quillform/core/SoText.h>
 #include <Quillform/core/SoTypedKey.h>
 #include <algorithm>
@@ -345,6 +347,7 @@ void SoDialogEditText::changeMultiLine()
   if (wasVisible) {
     relay->show();
   }
+  SoReadingOrder::applyTo(SoReadingOrder::getRoot(this), relay);
   if (hadFocus) {
     setFocus();
   }
@@ -815,4 +818,25 @@ void SoDialogEditText::setTextFromUser(const SbString& text)
   if (!trigOnEnter.getValue()) {
     applyDlgCptAuditor();
   }
+}
+
+// Keys in the scene while nothing is edited: the first one that writes starts it
+
+bool SoDialogEditText::usesKeys3D() const
+{
+  return editable.getValue() != FALSE;
+}
+
+SbBool SoDialogEditText::pressKey3D(const SoKeyboardEvent* event)
+{
+  const int key = event->getKey();
+  const bool opens = key == SoKeyboardEvent::RETURN || key == SoKeyboardEvent::PAD_ENTER;
+  if (!opens && key != SoKeyboardEvent::BACKSPACE && SoTypedKey::getCharacter(event) == '\0') {
+    return FALSE;
+  }
+  start3DEditing();
+  if (m_editing3D && !opens) {
+    processKeyEvents(event);
+  }
+  return TRUE;
 }

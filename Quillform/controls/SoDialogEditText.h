@@ -195,6 +195,7 @@ public:
   void change3DLabel() override;
   void change3DLabelAlignment() override;
   void change3DLabelVisibility() override;
+  SbBool pressKey3D(const SoKeyboardEvent* event) override;
   void show3D(int show) override;
   void update3DAfterSkinChange() override;
   void change3DEditText();           ///< lays the text out again
@@ -218,6 +219,7 @@ protected:
 
   void placeWidgets() override;
   void update3D() override;
+  bool usesKeys3D() const override;
   void press3D() override;
   void drag3D() override;
   void release3D() override;

@@ -7,6 +7,7 @@
 #include <Quillform/auditors/SoAuditorDispatch.h>
 #include <Quillform/auditors/SoDialogPushButtonAuditor.h>
 #include <Quillform/controls/SoDialogQPushButton.h>
+#include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoText.h>
 #include <algorithm>
@@ -358,4 +359,21 @@ void SoDialogPushButton::draggerFinishCallback3D()
   set3DInactive();
   change3DButtonState(0);
   applyDlgCptAuditor();
+}
+
+// Keys in the scene
+
+bool SoDialogPushButton::usesKeys3D() const
+{
+  return true;
+}
+
+SbBool SoDialogPushButton::pressKey3D(const SoKeyboardEvent* event)
+{
+  if (!So3DKeyboard::isPress(event)) {
+    return FALSE;
+  }
+  draggerStartCallback3D();
+  draggerFinishCallback3D();
+  return TRUE;
 }

@@ -8,7 +8,7 @@ SoDialogQCheckBox::SoDialogQCheckBox(QWidget* parent, SoDialogComponent* owner)
 {
   m_box->setObjectName(nameOf("CheckBoxWidget"));
   SoQuillform::setWidgetFont(m_box);
-  createLabel();
+  createLabel(m_box);
   connect(m_box, &QCheckBox::stateChanged, this, &SoDialogQCheckBox::eventNotify);
 }
 
@@ -24,6 +24,7 @@ void SoDialogQCheckBox::setChecked(bool checked)
 void SoDialogQCheckBox::setCheckLabel(const QString& text)
 {
   m_box->setText(text);
+  nameControl();
 }
 
 void SoDialogQCheckBox::checkWidgetPos(int x, int y, int w, int h)

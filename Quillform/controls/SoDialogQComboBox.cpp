@@ -30,7 +30,7 @@ SoDialogQComboBox::SoDialogQComboBox(QWidget* parent, SoDialogComponent* owner)
   m_box->setObjectName(nameOf("ComboBoxWidget"));
   m_box->setEditable(false);
   SoQuillform::setWidgetFont(m_box);
-  createLabel();
+  createLabel(m_box);
   connect(m_box, QOverload<int>::of(&QComboBox::activated), this, &SoDialogQComboBox::eventNotify);
 }
 

@@ -10,11 +10,11 @@
 SoDialogQEditText::SoDialogQEditText(QWidget* parent, SoDialogEditText* owner, bool multiLine)
     : SoDialogQFrame(parent, owner, "SoDialogQEditText"), m_multiLine(multiLine), m_parent(parent)
 {
-  createLabel();
   if (m_multiLine) {
     m_textEdit = new QTextEdit(this);
     m_textEdit->setObjectName(nameOf("MultiEditWidget"));
     m_textEdit->setAcceptRichText(false); // what is pasted is text like any other
+    m_textEdit->setTabChangesFocus(true); // or the keyboard never leaves the editor
     connect(m_textEdit, &QTextEdit::textChanged, this, &SoDialogQEditText::eventNotifyMultiLine);
     m_textEdit->installEventFilter(this);
   }
@@ -26,6 +26,7 @@ SoDialogQEditText::SoDialogQEditText(QWidget* parent, SoDialogEditText* owner, b
     connect(m_lineEdit, &QLineEdit::returnPressed, this, &SoDialogQEditText::eventEnterPressed);
   }
   SoQuillform::setWidgetFont(getEditor());
+  createLabel(getEditor());
 }
 
 QWidget* SoDialogQEditText::getEditor() const

@@ -20,6 +20,7 @@ SoDialogQRadioButtons::SoDialogQRadioButtons(QWidget* parent, SoDialogComponent*
     : SoDialogQFrame(parent, owner, "SoDialogQRadioButtons"), m_group(new QButtonGroup(this)),
       m_box(new QGroupBox(this)), m_layout(new QVBoxLayout(m_box))
 {
+  setControl(m_box);
   m_box->setObjectName(nameOf("ButtonGroupWidget"));
   SoQuillform::setWidgetFont(m_box);
   // The smallest height of the component leaves 20 pixels a button and nothing between them.
@@ -62,7 +63,7 @@ void SoDialogQRadioButtons::setText(QRadioButton* button, const QString& text)
 
 void SoDialogQRadioButtons::setTitle(const QString& title)
 {
-  m_box->setTitle(withoutMnemonics(title));
+  m_box->setTitle(title);
 }
 
 void SoDialogQRadioButtons::setAlignment(Qt::Alignment alignment)

@@ -7,19 +7,34 @@
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoText.h>
 
+namespace {
+
+/// A bar that says what its positions stand for.
+class Bar : public SoDialogCustomSlider {
+public:
+  explicit Bar(SoDialogQSlider* relay) : SoDialogCustomSlider(relay), m_relay(relay) {}
+
+  Scale getScale() const override
+  {
+    return m_relay->getScale();
+  }
+
+private:
+  const SoDialogQSlider* m_relay;
+};
+
+} // namespace
+
 SoDialogQSlider::SoDialogQSlider(QWidget* parent, SoDialogSlider* owner)
-    : SoDialogQFrame(parent, owner, "SoDialogQSlider"), m_edit(new QLineEdit(this)),
-      m_bar(new SoDialogCustomSlider(this))
+    : SoDialogQFrame(parent, owner, "SoDialogQSlider"), m_toggle(new QCheckBox(this)), m_bar(new Bar(this)),
+      m_edit(new QLineEdit(this))
 {
-  createLabel();
-  m_toggle = new QCheckBox(this);
+  createLabel(m_bar);
+  SoDialogQSlider::nameOthers(QString());
   m_edit->setObjectName(nameOf("LineEditWidget"));
   m_toggle->setObjectName(nameOf("ToggleWidget"));
   SoQuillform::setWidgetFont(m_toggle);
   SoQuillform::setWidgetFont(m_edit);
-  // The order on screen, not that of creation.
-  setTabOrder(m_toggle, m_bar);
-  setTabOrder(m_bar, m_edit);
 
   connect(m_toggle, &QCheckBox::stateChanged, this, &SoDialogQSlider::eventNotify);
   connect(m_edit, &QLineEdit::returnPressed, this, &SoDialogQSlider::eventNotifyPressed);
@@ -131,10 +146,17 @@ void SoDialogQSlider::setEditVisibility(bool visible)
   setShown(m_edit, visible);
 }
 
-void SoDialogQSlider::setAccessibleNames(const QString& name)
+void SoDialogQSlider::nameOthers(const QString& name)
 {
-  m_bar->setAccessibleName(name);
-  m_edit->setAccessibleName(name);
+  const QString label = name.endsWith(':') ? name.chopped(1) : name;
+  m_edit->setAccessibleName((label + " value").trimmed());
+  m_toggle->setAccessibleName((label + " continuous update").trimmed());
+}
+
+SoQtBasicSlider::Scale SoDialogQSlider::getScale() const
+{
+  const SoDialogSlider* owner = getSliderNode();
+  return owner ? owner->getScale() : SoQtBasicSlider::Scale{0.0, 0.0, 0.0, 0.0};
 }
 
 void SoDialogQSlider::toggleWidgetPos(int x, int y, int w, int h)

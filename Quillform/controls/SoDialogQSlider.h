@@ -3,6 +3,7 @@
 
 #include <Inventor/SbString.h>
 #include <Quillform/core/SoDialogQFrame.h>
+#include <Quillform/platform/SoQtBasicSlider.h>
 
 class QCheckBox;
 class QLineEdit;
@@ -31,7 +32,9 @@ public:
 
   void setToggleVisibility(bool visible);
   void setEditVisibility(bool visible);
-  void setAccessibleNames(const QString& name);
+
+  /// What the positions of the bar stand for.
+  SoQtBasicSlider::Scale getScale() const;
 
   void toggleWidgetPos(int x, int y, int w, int h);
   void sliderWidgetPos(int x, int y, int w, int h);
@@ -47,14 +50,18 @@ public slots:
   /// The user has left the value or pressed Return in it.
   void eventNotifyEdited();
 
+protected:
+  void nameOthers(const QString& name) override;
+
 private:
   static void valueChangedCallback(void* data, float position);
   static void finishCallback(void* data, float position);
   SoDialogSlider* getSliderNode() const;
 
-  QLineEdit* m_edit;
-  SoDialogCustomSlider* m_bar;
+  // In the order on screen, which the keyboard follows.
   QCheckBox* m_toggle;
+  SoDialogCustomSlider* m_bar;
+  QLineEdit* m_edit;
 };
 
 #endif // QUILLFORM_SODIALOGQSLIDER_H

@@ -6,6 +6,7 @@
 #include <Inventor/nodes/SoTransform.h>
 #include <QRadioButton>
 #include <Quillform/controls/SoDialogQRadioButtons.h>
+#include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoText.h>
 #include <algorithm>
@@ -216,6 +217,7 @@ void SoDialogRadioButtons::changeLabel()
   if (auto* relay = getRelay<SoDialogQRadioButtons>()) {
     relay->setTitle(labelVisibility.getValue() ? SoText::toQt(convertToCString(label.getValue(), this)) : QString());
   }
+  showSideLabel(); // which names the group, with a title or without
 }
 
 void SoDialogRadioButtons::changeLabelAlignment()
@@ -398,4 +400,25 @@ void SoDialogRadioButtons::release3D()
   set3DCurrentActive(this);
   set3DInactive();
   chooseIn3D(entry >= 0 ? entry : selectedItem.getValue());
+}
+
+// Keys in the scene
+
+bool SoDialogRadioButtons::usesKeys3D() const
+{
+  return true;
+}
+
+SbBool SoDialogRadioButtons::pressKey3D(const SoKeyboardEvent* event)
+{
+  const int selected = selectedItem.getValue();
+  const int entry =
+    So3DKeyboard::isPress(event) ? selected : So3DKeyboard::step(event, selected, getNumItems(), getNumItems());
+  if (entry < 0) {
+    return FALSE;
+  }
+  if (entry != selected || So3DKeyboard::isPress(event)) {
+    chooseIn3D(entry); // a press on the entry that is chosen is reported, as that of the mouse is
+  }
+  return TRUE;
 }

@@ -76,6 +76,7 @@ public:
 
   void change3DLabel() override;
   void change3DLabelVisibility() override;
+  SbBool pressKey3D(const SoKeyboardEvent* event) override;
   void change3DItems() override;
   void change3DSelectedItem() override;
   void update3DRadioButtons();
@@ -97,6 +98,7 @@ protected:
   void placeWidgets() override;
   QRect getSideLabelRect(int frameHeight) const override;
   void update3D() override;
+  bool usesKeys3D() const override;
   void press3D() override;
   void release3D() override;
 

@@ -12,6 +12,7 @@
 #include <Quillform/controls/SoDialogCustomSlider.h>
 #include <Quillform/controls/SoDialogEditText.h>
 #include <Quillform/controls/SoDialogQSlider.h>
+#include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoText.h>
@@ -129,6 +130,12 @@ float SoDialogSlider::getSliderPosition() const
 double SoDialogSlider::getShownValue() const
 {
   return m_typed ? *m_typed : m_moved ? getValueAt(*m_moved) : getRange().value;
+}
+
+SoQtBasicSlider::Scale SoDialogSlider::getScale() const
+{
+  const Range range = getRange();
+  return {getShownValue(), range.min, range.max, getSingleStep() * std::abs(range.max - range.min)};
 }
 
 const SoValueFormat& SoDialogSlider::getFormat() const
@@ -447,8 +454,7 @@ void SoDialogSlider::showValue()
 void SoDialogSlider::changeSliderValue()
 {
   if (auto* relay = getRelay<SoDialogQSlider>()) {
-    const float step = getSingleStep();
-    relay->getSlider()->setSteps(step, std::max(step, 0.1F));
+    relay->getSlider()->setSteps(getSingleStep(), getPageStep());
     relay->getSlider()->setValue(getSliderPosition());
   }
 }
@@ -518,9 +524,6 @@ void SoDialogSlider::changeLabel()
 {
   showSideLabel();
   updateLabelWidget();
-  if (auto* relay = getRelay<SoDialogQSlider>()) {
-    relay->setAccessibleNames(SoText::toQt(convertToCString(label.getValue(), this)));
-  }
 }
 
 void SoDialogSlider::changeLabelAlignment()
@@ -876,4 +879,66 @@ void SoDialogSlider::computeNewSliderEditValue(const SoKeyboardEvent* event)
     m_editText3D += character;
   }
   change3DEditValue();
+}
+
+// Keys in the scene
+
+bool SoDialogSlider::usesKeys3D() const
+{
+  return true;
+}
+
+SbBool SoDialogSlider::pressKey3D(const SoKeyboardEvent* event)
+{
+  const float step = getSingleStep();
+  const float before = getSliderPosition();
+  float position = before;
+  switch (event->getKey()) {
+  case SoKeyboardEvent::RETURN:
+  case SoKeyboardEvent::PAD_ENTER:
+    if (valueVisible.getValue()) {
+      start3DEditing();
+    }
+    return valueVisible.getValue();
+  case SoKeyboardEvent::SPACE:
+    if (toggleVisible.getValue()) {
+      setContinuousFromUser(!continuousTrigger.getValue());
+    }
+    return toggleVisible.getValue();
+  case SoKeyboardEvent::LEFT_ARROW:
+  case SoKeyboardEvent::DOWN_ARROW:
+    position -= step;
+    break;
+  case SoKeyboardEvent::RIGHT_ARROW:
+  case SoKeyboardEvent::UP_ARROW:
+    position += step;
+    break;
+  case SoKeyboardEvent::PAGE_DOWN:
+    position -= getPageStep();
+    break;
+  case SoKeyboardEvent::PAGE_UP:
+    position += getPageStep();
+    break;
+  case SoKeyboardEvent::HOME:
+    position = 0.0F;
+    break;
+  case SoKeyboardEvent::END:
+    position = 1.0F;
+    break;
+  default:
+    return FALSE;
+  }
+  position = std::clamp(position, 0.0F, 1.0F);
+  if (position != before) {
+    changeValueFromSlider(position);
+    if (!continuousTrigger.getValue()) {
+      changeValueAfterFinish();
+    }
+  }
+  return TRUE;
+}
+
+float SoDialogSlider::getPageStep() const
+{
+  return std::max(getSingleStep(), 0.1F);
 }

@@ -4,6 +4,7 @@
 #include <Inventor/fields/SoMFColor.h>
 #include <Quillform/controls/SoValueFormat.h>
 #include <Quillform/core/SoDialogComponent.h>
+#include <Quillform/platform/SoQtBasicSlider.h>
 #include <optional>
 
 class SoKeyboardEvent;
@@ -89,6 +90,9 @@ public:
   /// The text of what the slider shows.
   SbString getValueText() const;
 
+  /// What the positions of the bar stand for.
+  SoQtBasicSlider::Scale getScale() const;
+
   /// Width of the zone that shows the value, and of the bar, in the window and in pixels.
   int getEditZoneWidth() const;
   int getSliderWidth() const;
@@ -161,6 +165,7 @@ public:
   void change3DEnable() override;
   void change3DWidgetEnable(int enable) override;
   void change3DLabelVisibility() override;
+  SbBool pressKey3D(const SoKeyboardEvent* event) override;
   void change3DValueVisible();
   void change3DToggleVisible();
   void change3DContinuousTrigger();
@@ -211,6 +216,7 @@ protected:
 
   void placeWidgets() override;
   void update3D() override;
+  bool usesKeys3D() const override;
   void press3D() override;
   void drag3D() override;
   void release3D() override;
@@ -228,6 +234,7 @@ private:
   float getPositionOf(double value) const;
   double getShownValue() const;
   const SoValueFormat& getFormat() const;
+  float getPageStep() const; // of the cursor
   void showValue();
   void dropUnfinished();
   void setContinuousFromUser(bool continuous);

@@ -7,6 +7,7 @@
 #include <Inventor/nodes/SoTransform.h>
 #include <QBoxLayout>
 #include <QLabel>
+#include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoPlannedItem.h>
 #include <Quillform/core/SoText.h>
@@ -631,6 +632,32 @@ void SoDialogComponent::update3DDialogComponent()
   So3DPlacement::place(m_edgeTransform, SbVec2f(0.0F, 0.0F),
                        SbVec2f(static_cast<float>(m_size3D[0]), static_cast<float>(m_size3D[1])), 0.0F);
   change3DEdgeStyle();
+  So3DKeyboard::updateOutline(this);
+}
+
+SbBool SoDialogComponent::takesKeys3D() const
+{
+  return usesKeys3D() && isLive3D() && isShown3D() && enable.getValue() && isEnabledByParents();
+}
+
+bool SoDialogComponent::usesKeys3D() const
+{
+  return false;
+}
+
+SbBool SoDialogComponent::pressKey3D(const SoKeyboardEvent* /*event*/)
+{
+  return FALSE;
+}
+
+QRect SoDialogComponent::getKeyboardRect3D() const
+{
+  return QRect(0, 0, m_size3D[0], m_size3D[1]).adjusted(1, 1, -1, -1);
+}
+
+SoSwitch* SoDialogComponent::getGeometrySwitch() const
+{
+  return static_cast<SoSwitch*>(geomSwitch.getValue());
 }
 
 void SoDialogComponent::update3DSideLabel()
@@ -638,7 +665,7 @@ void SoDialogComponent::update3DSideLabel()
   if (!m_sideLabel3D.isAttached()) {
     return;
   }
-  m_sideLabel3D.setText(convertToCString(label.getValue(), this));
+  m_sideLabel3D.setText(SoText::withoutMnemonic(convertToCString(label.getValue(), this)));
   m_sideLabel3D.fit(getSideLabelRect(m_size3D[1]), m_size3D, labelAlignment.getValue(), faceHeight,
                     getBoundingBoxAction());
   setLabelCacheBBox(m_sideLabel3D.getExtent());

@@ -14,6 +14,7 @@
 
 class QLayoutItem;
 class QSpacerItem;
+class SoKeyboardEvent;
 
 /// How a component's frame stands in its cell of the layout, the same in both forms.
 struct SoCellLimits {
@@ -197,6 +198,23 @@ public:
   /// The rectangle size of the 3D form, in scene units.
   const SbVec2i32& get3DSize() const;
 
+  /// \name Keyboard in the scene
+  /// See So3DKeyboard.
+  /// @{
+
+  /// TRUE for an element that the user can operate with keys now.
+  SbBool takesKeys3D() const;
+
+  /// Does what a key that went down means to the element. TRUE when it means something.
+  virtual SbBool pressKey3D(const SoKeyboardEvent* event);
+
+  /// What is outlined while the element has the keyboard, from the component's top-left corner.
+  virtual QRect getKeyboardRect3D() const;
+
+  /// What holds the element's geometry; nullptr before the 3D form is made.
+  SoSwitch* getGeometrySwitch() const;
+  /// @}
+
   void getBoundingBox(SoGetBoundingBoxAction* action) override;
 
 protected:
@@ -258,6 +276,9 @@ protected:
 
   /// get3DComponentSize for a component of the size \a frame. The two forms may have different sizes at a time.
   void getControlRect3D(const SbVec2i32& frame, SbVec2i32& size, SbVec2i32& position) const;
+
+  /// TRUE for a class of elements that has a use for keys.
+  virtual bool usesKeys3D() const;
 
   /// Lays out the 3D form of a derived class; called after every 3D build and change of skin.
   virtual void update3D();

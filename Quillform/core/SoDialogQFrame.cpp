@@ -1,13 +1,39 @@
 #include <Quillform/core/SoDialogQFrame.h>
 
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QLabel>
 #include <QResizeEvent>
 #include <Quillform/core/SoDialogComponent.h>
 #include <Quillform/core/SoEventScope.h>
+#include <Quillform/core/SoText.h>
+
+namespace {
+
+/// Relays hold things together and lines keep them apart; to screen readers both would be borders.
+QAccessibleInterface* createAccessible(const QString& /*className*/, QObject* object)
+{
+  auto* frame = qobject_cast<QFrame*>(object);
+  if (qobject_cast<SoDialogQFrame*>(frame)) {
+    return new QAccessibleWidget(frame, QAccessible::Grouping);
+  }
+  const bool isLine = frame && (frame->frameShape() == QFrame::HLine || frame->frameShape() == QFrame::VLine);
+  return isLine ? new QAccessibleWidget(frame, QAccessible::Separator) : nullptr;
+}
+
+QString withoutMnemonic(const QString& text)
+{
+  return SoText::toQt(SoText::withoutMnemonic(SoText::fromQt(text)));
+}
+
+} // namespace
 
 SoDialogQFrame::SoDialogQFrame(QWidget* parent, SoDialogComponent* owner, const QString& name)
     : QFrame(parent), m_owner(owner), m_name(name)
 {
+  static const bool installed = (QAccessible::installFactory(createAccessible), true);
+  Q_UNUSED(installed);
   setObjectName(nameOf("Frame"));
 }
 
@@ -34,13 +60,17 @@ QSize SoDialogQFrame::sizeHint() const
   return m_computedSize;
 }
 
-void SoDialogQFrame::createLabel()
+void SoDialogQFrame::createLabel(QWidget* control)
 {
   m_label = new QLabel(this);
   m_label->setObjectName(nameOf("LabelWidget"));
   m_label->setIndent(1);                 // letters that touch the edge are drawn more slowly
   m_label->setTextFormat(Qt::PlainText); // markup in a label is text like any other
   SoQuillform::setWidgetFont(m_label);
+  if (control) {
+    m_label->setBuddy(control);
+    setControl(control);
+  }
 }
 
 QString SoDialogQFrame::nameOf(const char* role) const
@@ -55,8 +85,38 @@ QLabel* SoDialogQFrame::getLabel() const
 
 void SoDialogQFrame::setLabel(const QString& text)
 {
-  m_label->setText(text);
+  if (m_label) {
+    m_label->setText(text);
+  }
+  m_labelText = withoutMnemonic(text);
+  nameControl();
 }
+
+void SoDialogQFrame::setControl(QWidget* control)
+{
+  m_control = control;
+}
+
+void SoDialogQFrame::nameControl()
+{
+  if (!m_control) {
+    return;
+  }
+  QString name = m_labelText;
+  if (const auto* button = qobject_cast<const QAbstractButton*>(m_control)) {
+    name += ' ' + withoutMnemonic(button->text());
+  }
+  name = name.simplified();
+  if (name.isEmpty() && m_owner && m_control->focusPolicy() != Qt::NoFocus) {
+    name = SoText::toQt(m_owner->auditorID.getValue());
+  }
+  if (name != m_control->accessibleName()) {
+    m_control->setAccessibleName(name);
+    nameOthers(name);
+  }
+}
+
+void SoDialogQFrame::nameOthers(const QString& /*name*/) {}
 
 void SoDialogQFrame::setAlignment(Qt::Alignment alignment)
 {

@@ -27,6 +27,7 @@ public:
   void setComputedSize(const QSize& size);
   QSize sizeHint() const override;
 
+  /// Shows the label's text and names the control after it, also when the label is hidden.
   void setLabel(const QString& text);
   virtual void setAlignment(Qt::Alignment alignment);
   void setLabelVisibility(bool visible);
@@ -45,8 +46,19 @@ protected:
   /// Reports a user action to the node, which stays alive until it has been handled.
   void notifyOwner(unsigned int event, unsigned long data);
 
-  /// Makes the label, empty, with its object name and the dialog font.
-  void createLabel();
+  /// Makes the label, empty, with its object name and the dialog font. It stands for \a control: its mnemonic letter
+  /// brings the keyboard there.
+  void createLabel(QWidget* control = nullptr);
+
+  /// Makes \a control the widget that is named after the label.
+  void setControl(QWidget* control);
+
+  /// Names the control for screen readers: after the label, a button also after its own text, and one that has neither
+  /// after its identifier.
+  void nameControl();
+
+  /// Names what stands beside the control; \a name is the control's.
+  virtual void nameOthers(const QString& name);
 
   /// The object name of a child widget of this relay, after its role.
   QString nameOf(const char* role) const;
@@ -58,10 +70,12 @@ protected:
   static void setShown(QWidget* widget, bool shown);
 
 private:
-  SoDialogComponent* m_owner; // nullptr once the node is gone
-  QString m_name;             // class name in object names
-  QLabel* m_label = nullptr;  // made by createLabel
-  QSize m_computedSize;       // see setComputedSize
+  SoDialogComponent* m_owner;   // nullptr once the node is gone
+  QString m_name;               // class name in object names
+  QLabel* m_label = nullptr;    // made by createLabel
+  QWidget* m_control = nullptr; // see setControl
+  QString m_labelText;          // without mnemonic marks
+  QSize m_computedSize;         // see setComputedSize
 };
 
 #endif // QUILLFORM_SODIALOGQFRAME_H

@@ -18,6 +18,7 @@
 #include <Inventor/projectors/SbPlaneProjector.h>
 #include <QApplication>
 #include <Quillform/auditors/SoAuditor.h>
+#include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/SoAuditorLists.h>
 #include <Quillform/core/SoChildElements.h>
 #include <Quillform/core/SoElementKinds.h>
@@ -71,6 +72,7 @@ SoQuillform::SoQuillform()
 SoQuillform::~SoQuillform()
 {
   SoQuillform::set3DInactive();
+  So3DKeyboard::release(this);
   SoLive3DElements::remove(this);
   if (m_auditors) {
     SoAuditorLists::removeAll(this);
@@ -148,6 +150,9 @@ void SoQuillform::applyAuditors()
 
 void SoQuillform::setParent(SoQuillform* parent)
 {
+  if (!parent) {
+    So3DKeyboard::release(this);
+  }
   m_parent = parent;
 }
 
@@ -331,6 +336,9 @@ void SoQuillform::apply3DUsability(bool usable, int pickStyle)
   m_textLook->diffuseColor.setIgnored(usable);
   m_textLook->emissiveColor.setIgnored(usable);
   m_textLook->touch();
+  if (!usable) {
+    So3DKeyboard::release(this);
+  }
 }
 
 SoMaterial* SoQuillform::getTextLook() const
@@ -379,6 +387,9 @@ void SoQuillform::show3D(int show)
   m_shown3D = show;
   if (auto* geometry = static_cast<SoSwitch*>(geomSwitch.getValue())) {
     geometry->whichChild = show != 0 ? SO_SWITCH_ALL : SO_SWITCH_NONE;
+  }
+  if (show == 0) {
+    So3DKeyboard::release(this);
   }
 }
 
@@ -523,7 +534,9 @@ void SoQuillform::notify(SoNotList* list)
 void SoQuillform::handleEvent(SoHandleEventAction* action)
 {
   const SoEventScope scope(this, action);
+  So3DKeyboard::beginEvent(action);
   inherited::handleEvent(action);
+  So3DKeyboard::endEvent(this, action);
 }
 
 void SoQuillform::grabEventsSetup()
@@ -564,6 +577,7 @@ void SoQuillform::startCB3D(void* data, SoDragger* /*dragger*/)
   if (SoHandleEventAction* action = SoEventScope::getAction()) {
     action->setGrabber(self);
   }
+  So3DKeyboard::take(self);
   self->press3D();
 }
 

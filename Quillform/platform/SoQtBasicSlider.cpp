@@ -28,23 +28,27 @@ public:
   }
   QVariant currentValue() const override
   {
-    return slider()->getValue();
+    return slider()->getScale().value;
   }
   void setCurrentValue(const QVariant& value) override
   {
-    slider()->moveByUser(value.toFloat());
+    const SoQtBasicSlider::Scale scale = slider()->getScale();
+    const double position = (value.toDouble() - scale.minimum) / (scale.maximum - scale.minimum);
+    if (std::isfinite(position)) {
+      slider()->moveByUser(static_cast<float>(position));
+    }
   }
   QVariant maximumValue() const override
   {
-    return 1.0F;
+    return slider()->getScale().maximum;
   }
   QVariant minimumValue() const override
   {
-    return 0.0F;
+    return slider()->getScale().minimum;
   }
   QVariant minimumStepSize() const override
   {
-    return slider()->getSingleStep();
+    return slider()->getScale().step;
   }
 
   static QAccessibleInterface* create(const QString& /*className*/, QObject* object)
@@ -79,13 +83,36 @@ SoQtBasicSlider::SoQtBasicSlider(QWidget* parent) : QWidget(parent)
 
 void SoQtBasicSlider::setValue(float value)
 {
+  move(value);
+  announce();
+}
+
+/// Draws the piece in another place. False when it stands there already.
+bool SoQtBasicSlider::move(float value)
+{
   const float newValue = toRange(value);
-  if (newValue != m_value) {
-    m_value = newValue;
+  const bool moves = newValue != m_value;
+  m_value = newValue;
+  if (moves) {
     update();
-    QAccessibleValueChangeEvent event(this, m_value);
+  }
+  return moves;
+}
+
+/// Tells screen readers the value, if that is another one.
+void SoQtBasicSlider::announce()
+{
+  const double value = getScale().value;
+  if (value != m_announced) {
+    m_announced = value;
+    QAccessibleValueChangeEvent event(this, value);
     QAccessible::updateAccessibility(&event);
   }
+}
+
+SoQtBasicSlider::Scale SoQtBasicSlider::getScale() const
+{
+  return {m_value, 0.0, 1.0, m_singleStep};
 }
 
 float SoQtBasicSlider::getValue() const
@@ -160,16 +187,20 @@ bool SoQtBasicSlider::run(Callbacks SoQtBasicSlider::*callbacks)
 /// Brings the piece to where the user moves it. False when the slider has been deleted.
 bool SoQtBasicSlider::follow(float value)
 {
-  const float before = m_value;
-  setValue(value);
-  return m_value == before || run(&SoQtBasicSlider::m_valueChanged);
+  if (!move(value)) {
+    return true;
+  }
+  const bool lives = run(&SoQtBasicSlider::m_valueChanged);
+  if (lives) {
+    announce(); // now that it is known what the position stands for
+  }
+  return lives;
 }
 
 void SoQtBasicSlider::moveByUser(float value)
 {
-  const float before = m_value;
-  setValue(value);
-  if (m_value != before && run(&SoQtBasicSlider::m_valueChanged)) {
+  const bool moves = toRange(value) != m_value;
+  if (moves && follow(value)) {
     run(&SoQtBasicSlider::m_finished);
   }
 }

@@ -36,6 +36,17 @@ public:
   void addFinishCallback(Callback* callback, void* data = nullptr);
   void removeFinishCallback(Callback* callback, void* data = nullptr);
 
+  /// What the positions stand for, to programs that operate the slider in the user's place, such as screen readers.
+  struct Scale {
+    double value;
+    double minimum; // at the left end
+    double maximum; // at the right end
+    double step;
+  };
+
+  /// In this class the positions stand for themselves.
+  virtual Scale getScale() const;
+
   /// Moves the piece as the user does, to the end of the motion.
   void moveByUser(float value);
 
@@ -68,6 +79,8 @@ private:
   static void add(Callbacks& callbacks, const Entry& entry);
   static void remove(Callbacks& callbacks, const Entry& entry);
 
+  bool move(float value);
+  void announce();
   bool run(Callbacks SoQtBasicSlider::*callbacks);
   bool follow(float value);
   void followPointer(int x);
@@ -76,7 +89,8 @@ private:
 
   Callbacks m_valueChanged;
   Callbacks m_finished;
-  float m_value = 0.0F; // from 0 to 1
+  float m_value = 0.0F;     // from 0 to 1
+  double m_announced = 0.0; // the value on the scale that screen readers know
   float m_singleStep = 0.01F;
   float m_pageStep = 0.1F;
   bool m_dragging = false;
