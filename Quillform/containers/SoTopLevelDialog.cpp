@@ -760,13 +760,24 @@ void SoTopLevelDialog::show3DChildren(int show)
 
 void SoTopLevelDialog::connectPositions()
 {
-  position3D.disconnect(&minimized3DPosition);
-  minimized3DPosition.disconnect(&position3D);
-  if (!independentMinimizedPosition.getValue()) {
+  disconnectPositions();
+  m_positionsConnected = !independentMinimizedPosition.getValue();
+  if (m_positionsConnected) {
     SoSFVec3f& active = getActivePosition();
     SoSFVec3f& passive = &active == &position3D ? minimized3DPosition : position3D;
     passive.connectFrom(&active);
   }
+}
+
+void SoTopLevelDialog::disconnectPositions()
+{
+  for (SoSFVec3f* field : {&position3D, &minimized3DPosition}) {
+    if (m_positionsConnected && field->getValue() != SbVec3f(0.0F, 0.0F, 0.0F)) {
+      field->setDefault(FALSE); // what came over the connection stays, and is written
+    }
+  }
+  position3D.disconnect(&minimized3DPosition);
+  minimized3DPosition.disconnect(&position3D);
 }
 
 void SoTopLevelDialog::updateMinimizedState()
@@ -860,12 +871,14 @@ void SoTopLevelDialog::exchangeAuthoredValues(bool writing)
   inherited::exchangeAuthoredValues(writing);
   m_sizes.exchange();
   // The connection between the two places follows from independentMinimizedPosition; it is not the author's.
-  if (!independentMinimizedPosition.getValue() && isBuilt3D() != 0) {
+  if (m_positionsConnected) {
     if (writing) {
-      position3D.disconnect(&minimized3DPosition);
-      minimized3DPosition.disconnect(&position3D);
+      disconnectPositions();
     }
     else {
+      // Nothing moves: geometry that changes in the middle of writing would be written.
+      const SoWatchedFields::Pause pause(m_watched, position3D);
+      const SoWatchedFields::Pause pauseMinimized(m_watched, minimized3DPosition);
       connectPositions();
     }
   }
