@@ -130,6 +130,7 @@ void SoDialogComponent::resetSize()
   m_labelInitSize.setValue(0, 0);
   m_position.setValue(0, 0);
   m_initSize.setValue(-1, -1);
+  m_sizes.captureOnce(); // of a component that was not built yet
   m_sizes.store(SoSizingFields::HEIGHT, 0);
   m_sizes.store(SoSizingFields::WIDTH, height.getValue());
 }
