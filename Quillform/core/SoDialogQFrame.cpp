@@ -4,6 +4,7 @@
 #include <QResizeEvent>
 #include <Quillform/core/SoDialogComponent.h>
 #include <Quillform/core/SoEventScope.h>
+#include <algorithm>
 
 SoDialogQFrame::SoDialogQFrame(QWidget* parent, SoDialogComponent* owner, const QString& name)
     : QFrame(parent), m_owner(owner), m_name(name)
@@ -84,7 +85,7 @@ void SoDialogQFrame::setShown(QWidget* widget, bool shown)
 
 void SoDialogQFrame::place(QWidget* widget, int x, int y, int w, int h)
 {
-  widget->resize(w, h);
+  widget->resize(std::max(w, 0), std::max(h, 0)); // the label beside it may need more than the frame has
   widget->move(x, y);
 }
 
