@@ -590,7 +590,7 @@ void SoTopLevelDialog::applyLimits()
 
 void SoTopLevelDialog::changeRowSpacing()
 {
-  m_layoutSpacing = rowSpacing.getValue();
+  m_layoutSpacing = SoBoxModel::getLayoutSpacing(rowSpacing.getValue());
   if (m_layout) {
     m_layout->setSpacing(m_layoutSpacing);
   }
@@ -691,11 +691,7 @@ void SoTopLevelDialog::update3DChildren()
 {
   const SoBoxModel::Children children = getComponents();
   m_plan = m_box.plan(children, QSize(m_size3D[0], m_size3D[1]), m_layoutSpacing, 0, false);
-  for (std::size_t i = 0; i < children.size(); i++) {
-    SbVec2i32 size(m_plan[i].width(), m_plan[i].height());
-    SbVec2i32 place(m_plan[i].x(), m_plan[i].y());
-    children[i]->buildWidget(nullptr, size, place, 0);
-  }
+  SoBoxModel::build3D(children, m_plan);
 }
 
 void SoTopLevelDialog::update3DChildrenPosition()
