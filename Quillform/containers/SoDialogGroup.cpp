@@ -177,7 +177,8 @@ SbVec2i32 SoDialogGroup::getComponentInitSize()
   const int along = std::max(getAxis(), 0);
   const int across = 1 - along;
   // Across the children the margin is a lower bound, not added: this is meant.
-  m_initSize.setValue(2 * margin.getValue(), 2 * margin.getValue());
+  const int margins = SoBoxModel::clampPixels(2LL * margin.getValue());
+  m_initSize.setValue(margins, margins);
   const SoBoxModel::Children children = getComponents();
   setChildrenLabelSize();
   for (SoTopComponent* child : children) {
@@ -186,9 +187,10 @@ SbVec2i32 SoDialogGroup::getComponentInitSize()
     }
     const SbVec2i32 natural = static_cast<SoDialogComponent*>(child)->getComponentInitSize();
     m_initSize[across] = std::max(m_initSize[across], natural[across]);
-    m_initSize[along] += natural[along];
+    m_initSize[along] = SoBoxModel::clampPixels(static_cast<long long>(m_initSize[along]) + natural[along]);
   }
-  m_initSize[along] += (static_cast<int>(children.size()) - 1) * getSpacing();
+  const long long gaps = (static_cast<long long>(children.size()) - 1) * getSpacing();
+  m_initSize[along] = SoBoxModel::clampPixels(m_initSize[along] + gaps);
   return m_initSize;
 }
 
@@ -289,12 +291,14 @@ int SoDialogGroup::getPlannedMargin() const
 SoPlannedContents SoDialogGroup::getPlannedContents()
 {
   m_box.measure(getComponents());
-  return m_box.planContents(getComponents(), getSpacing(), getPlannedMargin(), hasVerticalCells());
+  return m_box.planContents(getComponents(), SoBoxModel::getLayoutSpacing(getSpacing()), getPlannedMargin(),
+                            hasVerticalCells());
 }
 
 void SoDialogGroup::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
 {
   inherited::buildWidget(parent, size, position, asWidget);
+  m_box.clear(); // every build, of both forms, gives the first child the first pixel
   // Only what the author asks for is spread here; what the container adds is spread by the layout.
   distribute(m_ownSize, std::max(getAxis(), 0));
   if (asWidget != 0) {
@@ -351,7 +355,7 @@ void SoDialogGroup::destroyWidget()
 void SoDialogGroup::changeSpacing()
 {
   if (m_groupLayout) {
-    m_groupLayout->setSpacing(getSpacing());
+    m_groupLayout->setSpacing(SoBoxModel::getLayoutSpacing(getSpacing()));
   }
 }
 
@@ -398,8 +402,8 @@ void SoDialogGroup::update3D()
 
 std::vector<QRect> SoDialogGroup::planChildren()
 {
-  return m_box.plan(getComponents(), QSize(get3DSize()[0], get3DSize()[1]), getSpacing(), getPlannedMargin(),
-                    hasVerticalCells());
+  return m_box.plan(getComponents(), QSize(get3DSize()[0], get3DSize()[1]), SoBoxModel::getLayoutSpacing(getSpacing()),
+                    getPlannedMargin(), hasVerticalCells());
 }
 
 float SoDialogGroup::getFaceHeight() const
@@ -411,12 +415,10 @@ void SoDialogGroup::update3DChildren()
 {
   const SoBoxModel::Children children = getComponents();
   m_plan = planChildren();
-  for (std::size_t i = 0; i < children.size(); i++) {
-    SbVec2i32 size(m_plan[i].width(), m_plan[i].height());
-    SbVec2i32 place(m_plan[i].x(), m_plan[i].y());
-    children[i]->buildWidget(nullptr, size, place, 0);
-    if (!shows3D(children[i])) {
-      children[i]->show3D(0);
+  SoBoxModel::build3D(children, m_plan);
+  for (SoTopComponent* child : children) {
+    if (!shows3D(child)) {
+      child->show3D(0);
     }
   }
   change3DPosition();

@@ -617,7 +617,7 @@ void SoTopLevelDialog::applyLimits()
 
 void SoTopLevelDialog::changeRowSpacing()
 {
-  m_layoutSpacing = rowSpacing.getValue();
+  m_layoutSpacing = SoBoxModel::getLayoutSpacing(rowSpacing.getValue());
   if (m_layout) {
     m_layout->setSpacing(m_layoutSpacing);
   }
@@ -721,11 +721,7 @@ void SoTopLevelDialog::update3DChildren()
 {
   const SoBoxModel::Children children = getComponents();
   m_plan = m_box.plan(children, QSize(m_size3D[0], m_size3D[1]), m_layoutSpacing, 0, false);
-  for (std::size_t i = 0; i < children.size(); i++) {
-    SbVec2i32 size(m_plan[i].width(), m_plan[i].height());
-    SbVec2i32 place(m_plan[i].x(), m_plan[i].y());
-    children[i]->buildWidget(nullptr, size, place, 0);
-  }
+  SoBoxModel::build3D(children, m_plan);
 }
 
 void SoTopLevelDialog::update3DChildrenPosition()
@@ -795,13 +791,24 @@ void SoTopLevelDialog::show3DChildren(int show)
 
 void SoTopLevelDialog::connectPositions()
 {
-  position3D.disconnect(&minimized3DPosition);
-  minimized3DPosition.disconnect(&position3D);
-  if (!independentMinimizedPosition.getValue()) {
+  disconnectPositions();
+  m_positionsConnected = !independentMinimizedPosition.getValue();
+  if (m_positionsConnected) {
     SoSFVec3f& active = getActivePosition();
     SoSFVec3f& passive = &active == &position3D ? minimized3DPosition : position3D;
     passive.connectFrom(&active);
   }
+}
+
+void SoTopLevelDialog::disconnectPositions()
+{
+  for (SoSFVec3f* field : {&position3D, &minimized3DPosition}) {
+    if (m_positionsConnected && field->getValue() != SbVec3f(0.0F, 0.0F, 0.0F)) {
+      field->setDefault(FALSE); // what came over the connection stays, and is written
+    }
+  }
+  position3D.disconnect(&minimized3DPosition);
+  minimized3DPosition.disconnect(&position3D);
 }
 
 void SoTopLevelDialog::updateMinimizedState()
@@ -895,12 +902,14 @@ void SoTopLevelDialog::exchangeAuthoredValues(bool writing)
   inherited::exchangeAuthoredValues(writing);
   m_sizes.exchange();
   // The connection between the two places follows from independentMinimizedPosition; it is not the author's.
-  if (!independentMinimizedPosition.getValue() && isBuilt3D() != 0) {
+  if (m_positionsConnected) {
     if (writing) {
-      position3D.disconnect(&minimized3DPosition);
-      minimized3DPosition.disconnect(&position3D);
+      disconnectPositions();
     }
     else {
+      // Nothing moves: geometry that changes in the middle of writing would be written.
+      const SoWatchedFields::Pause pause(m_watched, position3D);
+      const SoWatchedFields::Pause pauseMinimized(m_watched, minimized3DPosition);
       connectPositions();
     }
   }

@@ -267,6 +267,7 @@ private:
   SoBoxModel::Children getComponents() const;
 
   void connectPositions();
+  void disconnectPositions();
   SoSFVec3f& getActivePosition();
   SbVec3f getOrigin();
 
@@ -294,6 +295,7 @@ private:
   bool m_pressedButton = false;             // the minimise button is held down
   bool m_draggingTitle = false;             // the title bar is held down
   bool m_movedSinceMinimized = false;       // the dialog was dragged while it was open
+  bool m_positionsConnected = false;        // position3D and minimized3DPosition move together
   SbVec3f m_dragStart;                      // where the pointer met the dialog's plane
   SbVec3f m_positionAtStart;                // of the position field that is dragged
 };

@@ -97,9 +97,14 @@ void SoDialogSeparator::placeWidgets()
   }
 }
 
-void SoDialogSeparator::updateFromSensor(SoSensor* /*sensor*/)
+void SoDialogSeparator::updateFromSensor(SoSensor* sensor)
 {
-  // Changes after the build are ignored, sizes included: this is meant.
+  // Changes after the build are ignored, this is meant; sizes are remembered for the next one, and for files.
+  const SoField* field = SoWatchedFields::getFired(sensor);
+  if (field == &width || field == &height || field == &minWidth || field == &minHeight || field == &maxWidth ||
+      field == &maxHeight) {
+    inherited::updateFromSensor(sensor);
+  }
 }
 
 void SoDialogSeparator::changeEdgeStyle()

@@ -72,6 +72,11 @@ void So3DText::setText(const SbString& text)
   if (text.getLength() > 0) {
     SoQuillform::setStringToText3(m_text, text);
   }
+  for (int i = 0; i < m_text->string.getNum(); i++) {
+    if (m_text->string[i].getLength() == 0) {
+      m_text->string.set1Value(i, " "); // an empty line would make the scene infinitely large
+    }
+  }
   forgetExtent();
 }
 
@@ -113,9 +118,11 @@ void So3DText::measure(SoGetBoundingBoxAction* action)
   scratch->unref();
 }
 
-void So3DText::fit(const QRect& rect, const SbVec2i32& frameSize, int alignment, float z,
+void So3DText::fit(const QRect& wantedRect, const SbVec2i32& frameSize, int alignment, float z,
                    SoGetBoundingBoxAction* action)
 {
+  // A window cuts off what hangs out of the frame.
+  const QRect rect = wantedRect & QRect(0, 0, frameSize[0], frameSize[1]);
   const int lines = m_text->string.getNum();
   if (lines == 0 || rect.width() <= 0 || rect.height() <= 0) {
     m_transform->scaleFactor.setValue(0.0F, 0.0F, 0.0F); // no room, nothing to show

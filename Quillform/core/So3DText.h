@@ -32,7 +32,7 @@ public:
   /// Places the text in \a rect, which is measured from the top-left corner of a frame of \a frameSize whose
   /// centre is the origin. \a alignment is a SoQuillform::LabelAlignment; \a z is the height of the surface
   /// that the text stands on. A text that is too wide or too high is made to fit.
-  void fit(const QRect& rect, const SbVec2i32& frameSize, int alignment, float z, SoGetBoundingBoxAction* action);
+  void fit(const QRect& wantedRect, const SbVec2i32& frameSize, int alignment, float z, SoGetBoundingBoxAction* action);
 
   /// Forgets measured extents, after the font has changed.
   void forgetExtent();

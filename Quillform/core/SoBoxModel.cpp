@@ -18,13 +18,6 @@ int addMaximum(int sum, int max)
   return unbounded - max >= sum ? sum + max : sum;
 }
 
-/// Keeps sums of absurd sizes within what a window can have.
-int clampPixels(long long pixels)
-{
-  constexpr long long limit = QWIDGETSIZE_MAX;
-  return static_cast<int>(std::clamp(pixels, -limit, limit));
-}
-
 SoDialogComponent* toComponent(SoTopComponent* child)
 {
   const bool isComponent = child->isOfType(SoDialogComponent::getClassTypeId()); // faster than a cast would find out
@@ -41,6 +34,17 @@ int getRowHeight(SoDialogComponent* component)
 } // namespace
 
 SoBoxModel::SoBoxModel(int axis) : m_axis(axis) {}
+
+int SoBoxModel::clampPixels(long long pixels)
+{
+  constexpr long long limit = QWIDGETSIZE_MAX;
+  return static_cast<int>(std::clamp(pixels, -limit, limit));
+}
+
+int SoBoxModel::getLayoutSpacing(int spacing)
+{
+  return std::clamp(spacing, 0, QWIDGETSIZE_MAX);
+}
 
 void SoBoxModel::setAxis(int axis)
 {
@@ -182,6 +186,20 @@ std::vector<QRect> SoBoxModel::plan(const Children& children, const QSize& size,
   std::vector<QRect> rects;
   createPlan(children, rects, spacing, margin, verticalCells)->setGeometry(QRect(QPoint(0, 0), size));
   return rects;
+}
+
+void SoBoxModel::build3D(const Children& children, const std::vector<QRect>& plan)
+{
+  for (std::size_t i = 0; i < children.size(); i++) {
+    if (SoDialogComponent* component = toComponent(children[i])) {
+      component->build3DInPlan(plan[i]);
+    }
+    else {
+      SbVec2i32 size(plan[i].width(), plan[i].height());
+      SbVec2i32 place(plan[i].x(), plan[i].y());
+      children[i]->buildWidget(nullptr, size, place, 0);
+    }
+  }
 }
 
 SoPlannedContents SoBoxModel::planContents(const Children& children, int spacing, int margin, bool verticalCells) const

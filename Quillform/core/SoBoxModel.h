@@ -22,6 +22,12 @@ public:
   /// Changes the axis; for a container that knows it only once it is constructed.
   void setAxis(int axis);
 
+  /// The spacing that a layout of the window gets, and the plan: a negative one would mean the style's own to Qt.
+  static int getLayoutSpacing(int spacing);
+
+  /// Keeps sums of absurd sizes within what a window can have.
+  static int clampPixels(long long pixels);
+
   using Children = std::vector<SoTopComponent*>;
 
   /// Asks every child for its size and bounds. A menu bar keeps its least height.
@@ -55,6 +61,9 @@ public:
   /// on every side places them.
   std::vector<QRect> plan(const Children& children, const QSize& size, int spacing, int margin,
                           bool verticalCells) const;
+
+  /// Builds the 3D forms of all children into such a plan.
+  static void build3D(const Children& children, const std::vector<QRect>& plan);
 
   /// What such a layout wants of the frame around it.
   SoPlannedContents planContents(const Children& children, int spacing, int margin, bool verticalCells) const;

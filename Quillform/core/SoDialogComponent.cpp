@@ -7,6 +7,7 @@
 #include <Inventor/nodes/SoTransform.h>
 #include <QBoxLayout>
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoPlannedItem.h>
@@ -131,6 +132,7 @@ void SoDialogComponent::resetSize()
   m_labelInitSize.setValue(0, 0);
   m_position.setValue(0, 0);
   m_initSize.setValue(-1, -1);
+  m_sizes.captureOnce(); // of a component that was not built yet
   m_sizes.store(SoSizingFields::HEIGHT, 0);
   m_sizes.store(SoSizingFields::WIDTH, height.getValue());
 }
@@ -259,7 +261,7 @@ void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32&
     updateComponentWidget();
   }
   else {
-    m_size3D = chosen;
+    m_size3D = m_planned3D.value_or(chosen);
     create3DIfNeeded();
     update3DDialogComponent();
   }
@@ -273,6 +275,14 @@ void SoDialogComponent::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32&
   m_watched.watch(minHeight);
   m_watched.watch(maxWidth);
   m_watched.watch(maxHeight);
+}
+
+void SoDialogComponent::build3DInPlan(const QRect& rect)
+{
+  SbVec2i32 size(rect.width(), rect.height());
+  SbVec2i32 place(rect.x(), rect.y());
+  const QScopedValueRollback<std::optional<SbVec2i32>> planned(m_planned3D, size);
+  buildWidget(nullptr, size, place, 0);
 }
 
 void SoDialogComponent::buildWidgetIfChanged(QWidget* parent)
@@ -308,19 +318,28 @@ QBoxLayout* SoDialogComponent::createCell(bool verticalCell, std::unique_ptr<QSp
   QBoxLayout* cell = nullptr;
   if (verticalCell) {
     cell = new QVBoxLayout;
-    const bool spacerGrows = fixedHeight.getValue() || height.getValue() == maxHeight.getValue();
-    spacer = std::make_unique<QSpacerItem>(20, 0, QSizePolicy::Minimum,
-                                           spacerGrows ? QSizePolicy::Expanding : QSizePolicy::Fixed);
   }
   else {
     cell = new QHBoxLayout;
-    spacer = std::make_unique<QSpacerItem>(0, 20, fixedWidth.getValue() ? QSizePolicy::Expanding : QSizePolicy::Fixed,
-                                           QSizePolicy::Minimum);
   }
+  spacer = std::make_unique<QSpacerItem>(0, 0);
+  setSpare(*spacer, verticalCell);
   cell->setObjectName("ZEPSoDialogComponentLayout");
   cell->setSpacing(0);
   cell->setContentsMargins(0, 0, 0, 0);
   return cell;
+}
+
+void SoDialogComponent::setSpare(QSpacerItem& spacer, bool verticalCell) const
+{
+  if (verticalCell) {
+    const bool grows = fixedHeight.getValue() || height.getValue() == maxHeight.getValue();
+    spacer.changeSize(20, 0, QSizePolicy::Minimum, grows ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+  }
+  else {
+    const bool grows = fixedWidth.getValue() != FALSE;
+    spacer.changeSize(0, 20, grows ? QSizePolicy::Expanding : QSizePolicy::Fixed, QSizePolicy::Minimum);
+  }
 }
 
 void SoDialogComponent::createComponentWidget(QWidget* parent)
@@ -361,7 +380,9 @@ QSize SoDialogComponent::getSmallestSize() const
     return {width.getValue(), height.getValue()};
   }
   // The maximum wins over a larger minimum; widgets would see it the other way round.
-  return QSize(minWidth.getValue(), minHeight.getValue()).boundedTo({maxWidth.getValue(), maxHeight.getValue()});
+  return QSize(minWidth.getValue(), minHeight.getValue())
+    .boundedTo({maxWidth.getValue(), maxHeight.getValue()})
+    .expandedTo({0, 0}); // an empty group with a negative margin comes to less than nothing
 }
 
 SoCellLimits SoDialogComponent::getCellLimits() const
@@ -399,6 +420,10 @@ void SoDialogComponent::updateComponentWidget()
   }
   m_frame->setMinimumSize(limits.minimum);
   m_frame->setMaximumSize(limits.maximum);
+  if (QLayoutItem* spacer = m_cell ? m_cell->itemAt(1) : nullptr) {
+    setSpare(*spacer->spacerItem(), m_cell->direction() == QBoxLayout::TopToBottom); // the fields may be others now
+    m_cell->invalidate();
+  }
   setPlannedSize({width.getValue(), height.getValue()});
   if (!m_cell || !m_cell->parent()) {
     m_frame->resize(width.getValue(), height.getValue()); // no layout gives it a size

@@ -11,6 +11,7 @@
 #include <Quillform/core/SoTopComponent.h>
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QLayoutItem;
 class QSpacerItem;
@@ -173,6 +174,10 @@ public:
   /// depend on has changed since the last build: a dialog of a thousand rows is built anew for each row that is added.
   void buildWidgetIfChanged(QWidget* parent);
 
+  /// Builds the 3D form, for its container, where a layout of the window would put the frame. Like there, a neighbour
+  /// may stretch a frame beyond a maximum that its widget does not have.
+  void build3DInPlan(const QRect& rect);
+
   /// TRUE when buildWidgetIfChanged() would keep the widgets.
   bool isWidgetUpToDate(const QWidget* parent) const;
 
@@ -309,6 +314,7 @@ private:
   void takeFrameSize();
   void removeFrame();
   QBoxLayout* createCell(bool verticalCell, std::unique_ptr<QSpacerItem>& spacer) const;
+  void setSpare(QSpacerItem& spacer, bool verticalCell) const;
 
   QPointer<QWidget> m_componentWidget;   // parent widget, then the frame
   QPointer<QFrame> m_frame;              // the relay or frame of the derived class
@@ -323,6 +329,7 @@ private:
   SoTransform* m_edgeTransform = nullptr; // below mainCptSeparator, which owns it
   SoSwitch* m_sideLabelSwitch = nullptr;  // a catalog part of the derived class
   SbVec2i32 m_size3D{0, 0};               // rectangle of the 3D form
+  std::optional<SbVec2i32> m_planned3D;   // during build3DInPlan
 };
 
 #endif // QUILLFORM_SODIALOGCOMPONENT_H

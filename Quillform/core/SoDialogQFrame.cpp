@@ -8,6 +8,7 @@
 #include <Quillform/core/SoDialogComponent.h>
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoText.h>
+#include <algorithm>
 
 namespace {
 
@@ -144,7 +145,7 @@ void SoDialogQFrame::setShown(QWidget* widget, bool shown)
 
 void SoDialogQFrame::place(QWidget* widget, int x, int y, int w, int h)
 {
-  widget->resize(w, h);
+  widget->resize(std::max(w, 0), std::max(h, 0)); // the label beside it may need more than the frame has
   widget->move(x, y);
 }
 

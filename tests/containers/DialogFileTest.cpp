@@ -418,3 +418,28 @@ TEST_F(DialogFileTest, everyExampleIsWrittenBackAsItWasLoaded)
   }
   EXPECT_GT(count, 0);
 }
+
+TEST_F(DialogFileTest, positionsThatMoveTogetherAreWrittenInAWayThatCanBeRead)
+{
+  for (const bool inScene : {false, true}) {
+    SoTopLevelDialog* dialog =
+      load("TopLevelDialog { DialogEditText { } DialogPushButton { } RowDialog { DialogLabel { label \"L\" } } }");
+    if (inScene) {
+      SoInSceneMode::setEnabled(TRUE);
+    }
+    dialog->buildDialog(nullptr, FALSE);
+    SoInSceneMode::setEnabled(FALSE);
+    dialog->independentMinimizedPosition = FALSE;
+    dialog->position3D.setValue(7.0F, 8.0F, 0.0F);
+    dialog->minimized = TRUE;
+    const std::string text = toText(dialog);
+    EXPECT_EQ(text.find("Separator {"), std::string::npos) << text;
+    EXPECT_EQ(text.find("USE"), std::string::npos) << text;
+    SoNode* read = readText(text);
+    ASSERT_NE(read, nullptr) << text;
+    EXPECT_EQ(static_cast<SoTopLevelDialog*>(read)->minimized3DPosition.getValue(), SbVec3f(7.0F, 8.0F, 0.0F));
+    EXPECT_EQ(static_cast<SoTopLevelDialog*>(read)->getNumChildren(), 3);
+    EXPECT_EQ(toText(read), text);
+    read->unref();
+  }
+}

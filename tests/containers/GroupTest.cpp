@@ -359,3 +359,19 @@ TEST_F(GroupTest, aCustomControlHasAFrameOnceItIsBuiltAndKeepsItsContents)
   ASSERT_FALSE(own.isNull());
   EXPECT_EQ(own->parentWidget(), custom->getWidget());
 }
+
+TEST_F(GroupTest, absurdMarginsAndSpacingsAreNoOverflow)
+{
+  for (const char* absurd : {"2147483647", "-2147483647"}) {
+    SoTopLevelDialog* dialog =
+      load(std::string("TopLevelDialog { maxWidth 300 maxHeight 300 RowDialog { margin ") + absurd + " rowSpacing " +
+           absurd + " DialogLabel { } DialogLabel { } DialogLabel { } } ColumnDialog { margin " + absurd +
+           " columnSpacing " + absurd + " DialogLabel { } DialogLabel { } DialogLabel { } } }");
+    ASSERT_NE(dialog, nullptr);
+    dialog->buildDialog(nullptr, FALSE);
+    dialog->show();
+    settle();
+    EXPECT_LE(dialog->getWidget()->width(), 300);
+    EXPECT_LE(dialog->getWidget()->height(), 300);
+  }
+}

@@ -1186,3 +1186,51 @@ TEST_F(TopLevelDialogTest, aDisabledDialogDisablesEverythingInIt)
   childOf(loaded, 1)->enable = FALSE;
   EXPECT_FALSE(buttonOf(childOf(loaded, 1))->isEnabled());
 }
+
+TEST_F(TopLevelDialogTest, aChildAddedToABuiltDialogKeepsItsSize)
+{
+  SoTopLevelDialog* dialog = load("TopLevelDialog { width 600 DialogPushButton { } }");
+  dialog->buildDialog(nullptr, FALSE);
+  dialog->show();
+  auto* added = new SoDialogPushButton;
+  added->height = 70;
+  added->width = 150;
+  added->fixedWidth = TRUE;
+  added->fixedHeight = TRUE;
+  dialog->addChild(added);
+  settle();
+  EXPECT_EQ(added->getWidget()->size(), QSize(150, 70));
+  const std::string text = toText(dialog);
+  EXPECT_NE(text.find("width 150"), std::string::npos) << text;
+  EXPECT_NE(text.find("height 70"), std::string::npos) << text;
+}
+
+TEST_F(TopLevelDialogTest, aSeparatorTakesANewSizeAtTheNextBuildAndWritesIt)
+{
+  SoTopLevelDialog* dialog = load("TopLevelDialog { DialogPushButton { } DialogSeparator { } }");
+  dialog->buildDialog(nullptr, FALSE);
+  dialog->show();
+  settle();
+  auto* separator = static_cast<SoDialogSeparator*>(dialog->getChild(1));
+  separator->minHeight = 20;
+  separator->maxHeight = 20;
+  settle();
+  EXPECT_EQ(separator->getWidget()->height(), 8);
+  EXPECT_NE(toText(dialog).find("minHeight 20"), std::string::npos) << toText(dialog);
+  dialog->updateAfterSceneGraphChange();
+  settle();
+  EXPECT_EQ(separator->getWidget()->height(), 20);
+}
+
+TEST_F(TopLevelDialogTest, aLabelWiderThanItsRowLeavesTheControlNoWidthAndNoLess)
+{
+  SoTopLevelDialog* dialog = load("TopLevelDialog { maxWidth 40 DialogPushButton { label \"A very long label\" "
+                                  "minWidth 1 maxWidth 40 } DialogCheckBox { minWidth 1 maxWidth 40 } }");
+  dialog->buildDialog(nullptr, FALSE);
+  dialog->show();
+  settle();
+  for (const QWidget* widget : dialog->getWidget()->findChildren<QWidget*>()) {
+    EXPECT_GE(widget->width(), 0) << widget->objectName().toStdString();
+    EXPECT_GE(widget->height(), 0) << widget->objectName().toStdString();
+  }
+}

@@ -1,11 +1,8 @@
-#include <Inventor/nodes/SoText3.h>
 #include <QDirIterator>
-#include <QLabel>
-#include <QPushButton>
 #include <Quillform/Quillform.h>
 #include <forms/Plan.h>
 #include <functional>
-#include <support/Messages.h>
+#include <support/SamePlan.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
 
@@ -16,62 +13,6 @@ SoTopLevelDialog* copyOf(SoTopLevelDialog* dialog)
   auto* copy = static_cast<SoTopLevelDialog*>(dialog->copy());
   copy->ref();
   return copy;
-}
-
-/// The rectangle of the button of a push button in the scene, from the top-left corner of its dialog's contents.
-QRectF buttonInScene(SoTopLevelDialog* dialog, SoDialogComponent* component)
-{
-  const SbVec3f place = dialog->get3DParentTranslation();
-  return Plan::seen(Plan::boxOf(dialog, Plan::partOf(component, "frameSep")))
-    .translated(-place[0] - Plan::border, place[1] - Plan::top);
-}
-
-QRectF buttonInWindow(SoTopLevelDialog* dialog, SoDialogComponent* component)
-{
-  auto* button = component->getWidget()->findChild<QPushButton*>();
-  return {QPointF(button->mapTo(dialog->getWidget(), QPoint(0, 0))), QSizeF(button->size())};
-}
-
-/// Every text of \a element stands inside \a frame, a part of the element.
-void expectTextsInside(SoTopLevelDialog* dialog, SoQuillform* element, const char* separator, const char* frame)
-{
-  SoNode* part = Plan::partOf(element, separator);
-  ASSERT_NE(part, nullptr) << separator;
-  const SbBox3f box = Plan::boxOf(dialog, part);
-  if (!box.isEmpty()) {
-    EXPECT_TRUE(Plan::stands(Plan::seen(box), Plan::seen(Plan::boxOf(dialog, Plan::partOf(element, frame)))))
-      << separator << " of " << element->label.getValue().getString();
-    EXPECT_GT(box.getMax()[2], Plan::boxOf(dialog, Plan::partOf(element, frame)).getMin()[2]);
-  }
-}
-
-/// The two forms of a dialog show the same rectangles: the frames, and the buttons in them.
-void expectSamePlan(SoTopLevelDialog* window, SoTopLevelDialog* scene, const std::string& where)
-{
-  const auto inWindow = Plan::componentsOf(window);
-  const auto inScene = Plan::componentsOf(scene);
-  ASSERT_EQ(inWindow.size(), inScene.size()) << where;
-  ASSERT_GT(inWindow.size(), 0U);
-  for (std::size_t i = 0; i < inWindow.size(); i++) {
-    EXPECT_EQ(inWindow[i]->getWidget()->isVisible(), inScene[i]->isShown3D() != FALSE) << where << ": frame " << i;
-    if (!inWindow[i]->getWidget()->isVisible()) {
-      continue; // on a page that is not selected
-    }
-    EXPECT_TRUE(Plan::agree(Plan::inScene(scene, inScene[i]), Plan::inWindow(window, inWindow[i])))
-      << where << ": frame " << i << " " << inWindow[i]->auditorID.getValue().getString();
-    if (inWindow[i]->isOfType(SoDialogPushButton::getClassTypeId())) {
-      const QRectF seen = buttonInWindow(window, inWindow[i]);
-      if (seen.width() > 1.0 && seen.height() > 1.0) {
-        EXPECT_TRUE(Plan::agree(buttonInScene(scene, inScene[i]), seen)) << where << ": button " << i;
-      }
-      expectTextsInside(scene, inScene[i], "labelSep", "mainCptSeparator");
-      expectTextsInside(scene, inScene[i], "buttonLabelSep", "frameSep");
-    }
-    if (inWindow[i]->isOfType(SoDialogLabel::getClassTypeId())) {
-      expectTextsInside(scene, inScene[i], "labelSep", "mainCptSeparator");
-    }
-  }
-  expectTextsInside(scene, scene, "labelSep", "frameSep");
 }
 
 } // namespace
@@ -395,29 +336,81 @@ TEST_F(SamePlanTest, tabDialogsAfterEveryChangeOfTheirPages)
   checkAfter(load(text), "label", [&](SoTopLevelDialog* dialog) { tabs(dialog)->getChild(0)->label = "Longer"; });
   checkAfter(load(text), "contents", [&](SoTopLevelDialog* dialog) {
     static_cast<SoDialogGroup*>(tabs(dialog)->getChild(0))->addChild(added());
-  });
-}
+    TEST_F(SamePlanTest, maximaThatTheWidgetsDoNotHave)
+    {
+      checkText("TopLevelDialog { width 300 height 250 DialogCheckBox { maxWidth 60 maxHeight 30 onString \"C\" } "
+                "DialogRealSlider { maxWidth 100 labelVisibility FALSE } DialogComboBox { maxWidth 70 } "
+                "DialogRadioButtons { maxWidth 120 } DialogEditText { maxWidth 80 } }");
+    }
 
-TEST_F(SamePlanTest, theTitleIsCentredAndTheTextsAreAligned)
-{
-  SoTopLevelDialog* dialog = load("TopLevelDialog { width 300 height 100 label \"Title\" "
-                                  "DialogLabel { label \"wide enough text\" labelAlignment LEFT } "
-                                  "DialogLabel { label \"wide enough text\" labelAlignment CENTER } "
-                                  "DialogLabel { label \"wide enough text\" labelAlignment RIGHT } }");
-  Scene scene;
-  scene.open(dialog);
-  const auto text = [&](int child) {
-    SoNode* part = Plan::partOf(dialog->getChild(child), "labelSep");
-    return Plan::seen(Plan::boxOf(dialog, part)).translated(-Plan::border, -Plan::top);
-  };
-  EXPECT_NEAR(text(0).left(), 3.0, 2.0);
-  EXPECT_NEAR(text(1).center().x(), 150.0, 2.0);
-  EXPECT_NEAR(text(2).right(), 297.0, 2.0);
-  static_cast<SoDialogLabel*>(dialog->getChild(0))->labelAlignment = SoQuillform::RIGHT;
-  EXPECT_NEAR(text(0).right(), 297.0, 2.0);
-  const QRectF frame = Plan::seen(Plan::boxOf(dialog, Plan::partOf(dialog, "frameSep")));
-  EXPECT_NEAR(frame.width(), 308.0, 0.5);
-  EXPECT_NEAR(frame.height(), 127.0, 0.5);
-  EXPECT_NEAR(frame.left(), 0.0, 0.5);
-  EXPECT_NEAR(frame.top(), 0.0, 0.5);
-}
+    TEST_F(SamePlanTest, negativeSpacing)
+    {
+      checkText("TopLevelDialog { height 300 RowDialog { rowSpacing -4 " + rows + "} ColumnDialog { columnSpacing -1 " +
+                rows + "} }");
+      checkText("TopLevelDialog { RowDialog { maxHeight 1 rowSpacing -1 " + rows + "} DialogLabel { } }");
+      checkAfter(load("TopLevelDialog { " + rows + "}"), "rowSpacing",
+                 [](SoTopLevelDialog* dialog) { dialog->rowSpacing = -4; });
+    }
+
+    TEST_F(SamePlanTest, emptyGroupsWithNegativeMargins)
+    {
+      checkText("TopLevelDialog { " + rows + "RowDialog { margin -4 } ColumnDialog { margin -5 } }");
+    }
+
+    TEST_F(SamePlanTest, labelsThatHangOutOfTheirFrames)
+    {
+      checkText("TopLevelDialog { width 20 minWidth 1 DialogPushButton { label \"three\\nshort\\nlines\" minWidth 1 "
+                "maxWidth 20 } DialogPushButton { label \"low\" maxHeight 1 buttonLabel \"B\" } }");
+    }
+
+    TEST_F(SamePlanTest, aWidthThatBecomesFixedAfterTheBuild)
+    {
+      const std::string text = "TopLevelDialog { width 500 height 300 DialogPushButton { } "
+                               "DialogIntegerSlider { label \"A\" } ColumnDialog { DialogCheckBox { } } }";
+      const auto fix = [](SoTopLevelDialog* dialog) {
+        for (SoDialogComponent* component : Plan::componentsOf(dialog)) {
+          component->fixedWidth = TRUE;
+          component->fixedHeight = TRUE;
+        }
+        dialog->updateAfterSceneGraphChange();
+      };
+      checkAfter(load(text), "fixed", fix);
+      checkAfter(load(text), "fixed and loose again", [&fix](SoTopLevelDialog* dialog) {
+        fix(dialog);
+        for (SoDialogComponent* component : Plan::componentsOf(dialog)) {
+          component->fixedWidth = FALSE;
+          component->fixedHeight = FALSE;
+        }
+        dialog->updateAfterSceneGraphChange();
+      });
+    }
+
+    TEST_F(SamePlanTest, theTitleIsCentredAndTheTextsAreAligned)
+    {
+      SoTopLevelDialog* dialog = load("TopLevelDialog { width 300 height 100 label \"Title\" "
+                                      "DialogLabel { label \"wide enough text\" labelAlignment LEFT } "
+                                      "DialogLabel { label \"wide enough text\" labelAlignment CENTER } "
+                                      "DialogLabel { label \"wide enough text\" labelAlignment RIGHT } }");
+      Scene scene;
+      scene.open(dialog);
+      const auto text = [&](int child) {
+        SoNode* part = Plan::partOf(dialog->getChild(child), "labelSep");
+        return Plan::seen(Plan::boxOf(dialog, part)).translated(-Plan::border, -Plan::top);
+      };
+      EXPECT_NEAR(text(0).left(), 3.0, 2.0);
+      EXPECT_NEAR(text(1).center().x(), 150.0, 2.0);
+      EXPECT_NEAR(text(2).right(), 297.0, 2.0);
+      static_cast<SoDialogLabel*>(dialog->getChild(0))->labelAlignment = SoQuillform::RIGHT;
+      EXPECT_NEAR(text(0).right(), 297.0, 2.0);
+      const QRectF frame = Plan::seen(Plan::boxOf(dialog, Plan::partOf(dialog, "frameSep")));
+      EXPECT_NEAR(frame.width(), 308.0, 0.5);
+      EXPECT_NEAR(frame.height(), 127.0, 0.5);
+      EXPECT_NEAR(frame.left(), 0.0, 0.5);
+      EXPECT_NEAR(frame.top(), 0.0, 0.5);
+    }
+
+    TEST_F(SamePlanTest, emptyLinesAreNotInfinitelyLarge)
+    {
+      checkText("TopLevelDialog { label \"\\n\\nin the middle\\n\\n\" width 300 DialogLabel { label \"\\nx\\n\\n\" } "
+                "DialogPushButton { label \"\\n\\ny\" buttonLabel \"\\n\\nz\\n\" } }");
+    }

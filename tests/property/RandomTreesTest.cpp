@@ -1,0 +1,56 @@
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <property/Session.h>
+#include <random>
+#include <support/TestFiles.h>
+
+namespace {
+
+/// A number from the environment, for playing a failure again or for looking longer.
+unsigned fromEnvironment(const char* name, unsigned otherwise)
+{
+  const char* text = std::getenv(name);
+  return text ? static_cast<unsigned>(std::strtoul(text, nullptr, 10)) : otherwise;
+}
+
+} // namespace
+
+/// Random dialogs under random changes and random users.
+///
+/// A failure prints its seed. QUILLFORM_TEST_SEED plays it again, in the test of the same form; QUILLFORM_TEST_STEPS
+/// sets the number of steps, and with QUILLFORM_TEST_TRACE every step is printed before it is made.
+class RandomTreesTest : public QuillformTest, public ::testing::WithParamInterface<unsigned> {
+protected:
+  void run(Session::Form form, unsigned seed, int steps)
+  {
+    Session session(fromEnvironment("QUILLFORM_TEST_SEED", seed), form);
+    session.run(static_cast<int>(fromEnvironment("QUILLFORM_TEST_STEPS", static_cast<unsigned>(steps))));
+  }
+};
+
+TEST_P(RandomTreesTest, inAWindow)
+{
+  run(Session::WINDOW, GetParam(), 60);
+}
+
+TEST_P(RandomTreesTest, inTheScene)
+{
+  run(Session::SCENE, GetParam(), 60);
+}
+
+TEST_P(RandomTreesTest, inBothForms)
+{
+  run(Session::BOTH, GetParam(), 60);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomTreesTest, ::testing::Values(1U, 2U, 3U));
+
+TEST_F(RandomTreesTest, withASeedOfItsOwn)
+{
+  const unsigned seed = std::random_device()();
+  for (const Session::Form form : {Session::WINDOW, Session::SCENE, Session::BOTH}) {
+    if (!HasFailure()) {
+      run(form, seed, 25);
+    }
+  }
+}
