@@ -15,6 +15,7 @@
 #include <Quillform/core/SoDialogComponent.h>
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoReadingOrder.h>
+#include <Quillform/platform/SoShiftTabFilter.h>
 #include <algorithm>
 
 namespace {
@@ -122,6 +123,7 @@ SoDialogComponent* So3DKeyboard::getElement()
 
 void So3DKeyboard::take(SoQuillform* element)
 {
+  SoShiftTabFilter::install();
   s_keyboard.wasTaken = true;
   if (element == s_keyboard.element) {
     return;

@@ -1,3 +1,4 @@
+#include <Inventor/SoFullPath.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
 #include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/events/SoKeyboardEvent.h>
@@ -134,9 +135,10 @@ protected:
     if (!search.getPath()) {
       return SbBox3f();
     }
-    EXPECT_TRUE(element && element->getGeometrySwitch()->findChild(search.getPath()->getTail()) >= 0);
+    SoNode* tail = static_cast<SoFullPath*>(search.getPath())->getTail(); // hidden inside the element
+    EXPECT_TRUE(element && element->getGeometrySwitch()->findChild(tail) >= 0);
     SoGetBoundingBoxAction measure(SbViewportRegion(800, 600));
-    measure.apply(search.getPath()->getTail());
+    measure.apply(tail);
     return measure.getBoundingBox();
   }
 
