@@ -336,81 +336,84 @@ TEST_F(SamePlanTest, tabDialogsAfterEveryChangeOfTheirPages)
   checkAfter(load(text), "label", [&](SoTopLevelDialog* dialog) { tabs(dialog)->getChild(0)->label = "Longer"; });
   checkAfter(load(text), "contents", [&](SoTopLevelDialog* dialog) {
     static_cast<SoDialogGroup*>(tabs(dialog)->getChild(0))->addChild(added());
-    TEST_F(SamePlanTest, maximaThatTheWidgetsDoNotHave)
-    {
-      checkText("TopLevelDialog { width 300 height 250 DialogCheckBox { maxWidth 60 maxHeight 30 onString \"C\" } "
-                "DialogRealSlider { maxWidth 100 labelVisibility FALSE } DialogComboBox { maxWidth 70 } "
-                "DialogRadioButtons { maxWidth 120 } DialogEditText { maxWidth 80 } }");
-    }
+  });
+}
 
-    TEST_F(SamePlanTest, negativeSpacing)
-    {
-      checkText("TopLevelDialog { height 300 RowDialog { rowSpacing -4 " + rows + "} ColumnDialog { columnSpacing -1 " +
-                rows + "} }");
-      checkText("TopLevelDialog { RowDialog { maxHeight 1 rowSpacing -1 " + rows + "} DialogLabel { } }");
-      checkAfter(load("TopLevelDialog { " + rows + "}"), "rowSpacing",
-                 [](SoTopLevelDialog* dialog) { dialog->rowSpacing = -4; });
-    }
+TEST_F(SamePlanTest, maximaThatTheWidgetsDoNotHave)
+{
+  checkText("TopLevelDialog { width 300 height 250 DialogCheckBox { maxWidth 60 maxHeight 30 onString \"C\" } "
+            "DialogRealSlider { maxWidth 100 labelVisibility FALSE } DialogComboBox { maxWidth 70 } "
+            "DialogRadioButtons { maxWidth 120 } DialogEditText { maxWidth 80 } }");
+}
 
-    TEST_F(SamePlanTest, emptyGroupsWithNegativeMargins)
-    {
-      checkText("TopLevelDialog { " + rows + "RowDialog { margin -4 } ColumnDialog { margin -5 } }");
-    }
+TEST_F(SamePlanTest, negativeSpacing)
+{
+  checkText("TopLevelDialog { height 300 RowDialog { rowSpacing -4 " + rows + "} ColumnDialog { columnSpacing -1 " +
+            rows + "} }");
+  checkText("TopLevelDialog { RowDialog { maxHeight 1 rowSpacing -1 " + rows + "} DialogLabel { } }");
+  checkAfter(load("TopLevelDialog { " + rows + "}"), "rowSpacing",
+             [](SoTopLevelDialog* dialog) { dialog->rowSpacing = -4; });
+}
 
-    TEST_F(SamePlanTest, labelsThatHangOutOfTheirFrames)
-    {
-      checkText("TopLevelDialog { width 20 minWidth 1 DialogPushButton { label \"three\\nshort\\nlines\" minWidth 1 "
-                "maxWidth 20 } DialogPushButton { label \"low\" maxHeight 1 buttonLabel \"B\" } }");
-    }
+TEST_F(SamePlanTest, emptyGroupsWithNegativeMargins)
+{
+  checkText("TopLevelDialog { " + rows + "RowDialog { margin -4 } ColumnDialog { margin -5 } }");
+}
 
-    TEST_F(SamePlanTest, aWidthThatBecomesFixedAfterTheBuild)
-    {
-      const std::string text = "TopLevelDialog { width 500 height 300 DialogPushButton { } "
-                               "DialogIntegerSlider { label \"A\" } ColumnDialog { DialogCheckBox { } } }";
-      const auto fix = [](SoTopLevelDialog* dialog) {
-        for (SoDialogComponent* component : Plan::componentsOf(dialog)) {
-          component->fixedWidth = TRUE;
-          component->fixedHeight = TRUE;
-        }
-        dialog->updateAfterSceneGraphChange();
-      };
-      checkAfter(load(text), "fixed", fix);
-      checkAfter(load(text), "fixed and loose again", [&fix](SoTopLevelDialog* dialog) {
-        fix(dialog);
-        for (SoDialogComponent* component : Plan::componentsOf(dialog)) {
-          component->fixedWidth = FALSE;
-          component->fixedHeight = FALSE;
-        }
-        dialog->updateAfterSceneGraphChange();
-      });
-    }
+TEST_F(SamePlanTest, labelsThatHangOutOfTheirFrames)
+{
+  checkText("TopLevelDialog { width 20 minWidth 1 DialogPushButton { label \"three\\nshort\\nlines\" minWidth 1 "
+            "maxWidth 20 } DialogPushButton { label \"low\" maxHeight 1 buttonLabel \"B\" } }");
+}
 
-    TEST_F(SamePlanTest, theTitleIsCentredAndTheTextsAreAligned)
-    {
-      SoTopLevelDialog* dialog = load("TopLevelDialog { width 300 height 100 label \"Title\" "
-                                      "DialogLabel { label \"wide enough text\" labelAlignment LEFT } "
-                                      "DialogLabel { label \"wide enough text\" labelAlignment CENTER } "
-                                      "DialogLabel { label \"wide enough text\" labelAlignment RIGHT } }");
-      Scene scene;
-      scene.open(dialog);
-      const auto text = [&](int child) {
-        SoNode* part = Plan::partOf(dialog->getChild(child), "labelSep");
-        return Plan::seen(Plan::boxOf(dialog, part)).translated(-Plan::border, -Plan::top);
-      };
-      EXPECT_NEAR(text(0).left(), 3.0, 2.0);
-      EXPECT_NEAR(text(1).center().x(), 150.0, 2.0);
-      EXPECT_NEAR(text(2).right(), 297.0, 2.0);
-      static_cast<SoDialogLabel*>(dialog->getChild(0))->labelAlignment = SoQuillform::RIGHT;
-      EXPECT_NEAR(text(0).right(), 297.0, 2.0);
-      const QRectF frame = Plan::seen(Plan::boxOf(dialog, Plan::partOf(dialog, "frameSep")));
-      EXPECT_NEAR(frame.width(), 308.0, 0.5);
-      EXPECT_NEAR(frame.height(), 127.0, 0.5);
-      EXPECT_NEAR(frame.left(), 0.0, 0.5);
-      EXPECT_NEAR(frame.top(), 0.0, 0.5);
+TEST_F(SamePlanTest, aWidthThatBecomesFixedAfterTheBuild)
+{
+  const std::string text = "TopLevelDialog { width 500 height 300 DialogPushButton { } "
+                           "DialogIntegerSlider { label \"A\" } ColumnDialog { DialogCheckBox { } } }";
+  const auto fix = [](SoTopLevelDialog* dialog) {
+    for (SoDialogComponent* component : Plan::componentsOf(dialog)) {
+      component->fixedWidth = TRUE;
+      component->fixedHeight = TRUE;
     }
+    dialog->updateAfterSceneGraphChange();
+  };
+  checkAfter(load(text), "fixed", fix);
+  checkAfter(load(text), "fixed and loose again", [&fix](SoTopLevelDialog* dialog) {
+    fix(dialog);
+    for (SoDialogComponent* component : Plan::componentsOf(dialog)) {
+      component->fixedWidth = FALSE;
+      component->fixedHeight = FALSE;
+    }
+    dialog->updateAfterSceneGraphChange();
+  });
+}
 
-    TEST_F(SamePlanTest, emptyLinesAreNotInfinitelyLarge)
-    {
-      checkText("TopLevelDialog { label \"\\n\\nin the middle\\n\\n\" width 300 DialogLabel { label \"\\nx\\n\\n\" } "
-                "DialogPushButton { label \"\\n\\ny\" buttonLabel \"\\n\\nz\\n\" } }");
-    }
+TEST_F(SamePlanTest, theTitleIsCentredAndTheTextsAreAligned)
+{
+  SoTopLevelDialog* dialog = load("TopLevelDialog { width 300 height 100 label \"Title\" "
+                                  "DialogLabel { label \"wide enough text\" labelAlignment LEFT } "
+                                  "DialogLabel { label \"wide enough text\" labelAlignment CENTER } "
+                                  "DialogLabel { label \"wide enough text\" labelAlignment RIGHT } }");
+  Scene scene;
+  scene.open(dialog);
+  const auto text = [&](int child) {
+    SoNode* part = Plan::partOf(dialog->getChild(child), "labelSep");
+    return Plan::seen(Plan::boxOf(dialog, part)).translated(-Plan::border, -Plan::top);
+  };
+  EXPECT_NEAR(text(0).left(), 3.0, 2.0);
+  EXPECT_NEAR(text(1).center().x(), 150.0, 2.0);
+  EXPECT_NEAR(text(2).right(), 297.0, 2.0);
+  static_cast<SoDialogLabel*>(dialog->getChild(0))->labelAlignment = SoQuillform::RIGHT;
+  EXPECT_NEAR(text(0).right(), 297.0, 2.0);
+  const QRectF frame = Plan::seen(Plan::boxOf(dialog, Plan::partOf(dialog, "frameSep")));
+  EXPECT_NEAR(frame.width(), 308.0, 0.5);
+  EXPECT_NEAR(frame.height(), 127.0, 0.5);
+  EXPECT_NEAR(frame.left(), 0.0, 0.5);
+  EXPECT_NEAR(frame.top(), 0.0, 0.5);
+}
+
+TEST_F(SamePlanTest, emptyLinesAreNotInfinitelyLarge)
+{
+  checkText("TopLevelDialog { label \"\\n\\nin the middle\\n\\n\" width 300 DialogLabel { label \"\\nx\\n\\n\" } "
+            "DialogPushButton { label \"\\n\\ny\" buttonLabel \"\\n\\nz\\n\" } }");
+}
