@@ -495,6 +495,7 @@ void SoTopLevelDialog::createBaseWidget(QWidget* parent)
   m_layout->setObjectName("ZEPSoTopLevelDialogLayout");
   m_layout->setContentsMargins(0, 0, 0, 0);
   m_layout->setSpacing(m_layoutSpacing);
+  m_layout->setSizeConstraint(QLayout::SetNoConstraint); // the fields say how small and large the window becomes
   changeLabel();
   changePosition();
   applyLimits();

@@ -831,7 +831,10 @@ SbBool SoDialogEditText::pressKey3D(const SoKeyboardEvent* event)
 {
   const int key = event->getKey();
   const bool opens = key == SoKeyboardEvent::RETURN || key == SoKeyboardEvent::PAD_ENTER;
-  if (!opens && key != SoKeyboardEvent::BACKSPACE && SoTypedKey::getCharacter(event) == '\0') {
+  const bool writes = key == SoKeyboardEvent::BACKSPACE || SoTypedKey::getCharacter(event) != '\0';
+  // While the text is edited, the keys that it has no use for are the application's. Who has used the mouse and has
+  // ended the edit means the application with a letter, too.
+  if (m_editing3D || (!opens && !(writes && So3DKeyboard::isOutlined()))) {
     return FALSE;
   }
   start3DEditing();

@@ -890,6 +890,9 @@ bool SoDialogSlider::usesKeys3D() const
 
 SbBool SoDialogSlider::pressKey3D(const SoKeyboardEvent* event)
 {
+  if (m_editing3D) {
+    return FALSE; // the value that is typed stays as it is
+  }
   const float step = getSingleStep();
   const float before = getSliderPosition();
   float position = before;

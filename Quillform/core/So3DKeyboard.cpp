@@ -183,6 +183,11 @@ void So3DKeyboard::endEvent(SoQuillform* root, SoHandleEventAction* action)
   }
 }
 
+bool So3DKeyboard::isOutlined()
+{
+  return s_keyboard.outlined;
+}
+
 bool So3DKeyboard::pressKey(SoHandleEventAction* action)
 {
   const auto* event = static_cast<const SoKeyboardEvent*>(action->getEvent());

@@ -29,6 +29,9 @@ public:
   /// The element that has the keyboard; nullptr when none has it.
   static SoDialogComponent* getElement();
 
+  /// TRUE when the outline shows which element has the keyboard: the user is working with keys.
+  static bool isOutlined();
+
   /// Draws the outline again, where it stands now, if \a element has it.
   static void updateOutline(const SoDialogComponent* element);
 

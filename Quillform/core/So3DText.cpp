@@ -72,9 +72,10 @@ void So3DText::setText(const SbString& text)
   if (text.getLength() > 0) {
     SoQuillform::setStringToText3(m_text, text);
   }
-  for (int i = 0; i < m_text->string.getNum(); i++) {
+  // An empty line among others would make the scene infinitely large; one alone takes no room.
+  for (int i = 0; i < m_text->string.getNum() && m_text->string.getNum() > 1; i++) {
     if (m_text->string[i].getLength() == 0) {
-      m_text->string.set1Value(i, " "); // an empty line would make the scene infinitely large
+      m_text->string.set1Value(i, " ");
     }
   }
   forgetExtent();

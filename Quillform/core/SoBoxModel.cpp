@@ -18,6 +18,9 @@ int addMaximum(int sum, int max)
   return unbounded - max >= sum ? sum + max : sum;
 }
 
+/// The place of a component in a layout is at least this high, however low the component is.
+constexpr int leastRowHeight = 20;
+
 SoDialogComponent* toComponent(SoTopComponent* child)
 {
   const bool isComponent = child->isOfType(SoDialogComponent::getClassTypeId()); // faster than a cast would find out
@@ -99,16 +102,15 @@ void SoBoxModel::getTotal(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, int m
 
 SbVec2i32 SoBoxModel::getLeastSize(const Children& children, int spacing) const
 {
-  const int along = m_axis;
-  const int across = 1 - m_axis;
   SbVec2i32 least(0, 0);
   for (std::size_t i = 0; i < children.size(); i++) {
     const Entry& entry = m_entries[i];
     const SoDialogComponent* component = toComponent(children[i]);
     const SbVec2i32& needed = component && component->hasSizeAsMinimum() ? entry.size : entry.min;
-    least[along] = clampPixels(static_cast<long long>(least[along]) + std::min(needed[along], entry.max[along]) +
-                               (i > 0 ? spacing : 0));
-    least[across] = std::max(least[across], std::min(needed[across], entry.max[across]));
+    const int height = std::min(needed[1], entry.max[1]);
+    const long long row = component ? std::max(height, leastRowHeight) : height;
+    least[0] = std::max(least[0], std::min(needed[0], entry.max[0]));
+    least[1] = clampPixels(least[1] + row + (i > 0 ? spacing : 0));
   }
   return least;
 }

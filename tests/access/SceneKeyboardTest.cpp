@@ -1,4 +1,3 @@
-#include <Inventor/SoFullPath.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
 #include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/events/SoKeyboardEvent.h>
@@ -135,8 +134,17 @@ protected:
     if (!search.getPath()) {
       return SbBox3f();
     }
-    SoNode* tail = static_cast<SoFullPath*>(search.getPath())->getTail(); // hidden inside the element
-    EXPECT_TRUE(element && element->getGeometrySwitch()->findChild(tail) >= 0);
+    SoNode* tail = nullptr; // hidden inside the element, where paths do not show it
+    SoGroup* geometry = element ? element->getGeometrySwitch() : nullptr;
+    for (int i = 0; geometry && i < geometry->getNumChildren(); i++) {
+      if (geometry->getChild(i)->getName() == "KeyboardOutline") {
+        tail = geometry->getChild(i);
+      }
+    }
+    if (!tail) {
+      ADD_FAILURE() << "the outline belongs to another element";
+      return SbBox3f();
+    }
     SoGetBoundingBoxAction measure(SbViewportRegion(800, 600));
     measure.apply(tail);
     return measure.getBoundingBox();

@@ -29,6 +29,7 @@ TEST_F(CustomWidgetTest, opensAndEndsWhenItsWindowIsClosed)
 {
   ASSERT_NE("", m_display.getName().toStdString());
   start(m_process, {});
+  ASSERT_TRUE(m_process.waitForStarted());
   const Pointer user(environment);
   const unsigned long window = user.waitForWindow("Damped wave");
   ASSERT_NE(0U, window);

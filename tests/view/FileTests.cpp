@@ -58,7 +58,7 @@ TEST_F(FileTest, anUnknownClass)
 
 TEST_F(FileTest, anUnknownField)
 {
-  expectFaultAt(3, "TopLevelDialog {\n  lable \"x\"\n}\n", {"word before", "field"});
+  expectFaultAt(3, "TopLevelDialog {\n  lable \"x\"\n}\n", {"field", "\"lable\""});
   expectFaultAt(4, "TopLevelDialog {\n  DialogPushButton {\n    lable \"x\"\n  }\n}\n", {"field", "\"lable\""});
 }
 
