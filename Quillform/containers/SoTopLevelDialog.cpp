@@ -381,9 +381,12 @@ void SoTopLevelDialog::leaveRoomForRows(SbVec2i32& size, SbVec2i32& min, SbVec2i
     }
     const int axis = static_cast<int>(i);
     const int largest = authored[SoSizingFields::MAX_WIDTH + i];
-    min[axis] = std::max(min[axis], largest > 0 ? std::min(needed[axis], largest) : needed[axis]);
-    size[axis] = std::max(size[axis], min[axis]);
-    max[axis] = std::max(max[axis], min[axis]);
+    const int room = largest > 0 ? std::min(needed[axis], largest) : needed[axis];
+    if (room > min[axis]) {
+      min[axis] = room;
+      size[axis] = std::max(size[axis], room);
+      max[axis] = std::max(max[axis], room);
+    }
   }
 }
 

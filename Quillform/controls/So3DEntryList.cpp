@@ -159,12 +159,17 @@ void So3DEntryList::show(const SoMFString& items, int selected, SoGetBoundingBox
   const int rows = std::min(m_count, m_inSight);
   setRowCount(rows);
   const int first = getFirst();
+  // A text is cut off by its frame, and the list hangs out of the component: seen from a frame around both, with the
+  // same centre, nothing is cut off.
+  constexpr int around = 8192;
+  const SbVec2i32 frameAround = m_frameSize + SbVec2i32(2 * around, 2 * around);
   for (int i = 0; i < rows; i++) {
     Row& row = m_rows[static_cast<std::size_t>(i)];
     const QRect rect = getRowRect(i);
     So3DPlacement::place(row.plate, rect, m_frameSize, m_z + plateFoot);
     row.text.setText(items[first + i]);
-    row.text.fit(rect.adjusted(textMargin, 0, -textMargin, 0), m_frameSize, SoQuillform::LEFT, m_z + textFoot, action);
+    row.text.fit(rect.adjusted(textMargin, 0, -textMargin, 0).translated(around, around), frameAround,
+                 SoQuillform::LEFT, m_z + textFoot, action);
   }
   const bool isMarked = selected >= first && selected < first + rows;
   m_markSwitch->whichChild = isMarked ? SO_SWITCH_ALL : SO_SWITCH_NONE;

@@ -1,5 +1,6 @@
 #include "Pointer.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QStringList>
 #include <gtest/gtest.h>
@@ -23,8 +24,15 @@ QByteArray Pointer::xdotool(const QStringList& arguments) const
 
 unsigned long Pointer::waitForWindow(const QString& title) const
 {
-  const QByteArray windows = xdotool({"search", "--sync", "--onlyvisible", "--name", "^" + title + "$"});
-  return windows.split('\n').front().toULong();
+  // The search gives up when a window that it looks at goes away; then it is begun again.
+  unsigned long window = 0;
+  QElapsedTimer timer;
+  timer.start();
+  while (window == 0 && timer.elapsed() < 30000) {
+    const QByteArray windows = xdotool({"search", "--sync", "--onlyvisible", "--name", "^" + title + "$"});
+    window = windows.split('\n').front().toULong();
+  }
+  return window;
 }
 
 QSize Pointer::getSize(unsigned long window) const
