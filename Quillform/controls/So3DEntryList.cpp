@@ -181,7 +181,8 @@ void So3DEntryList::show(const SoMFString& items, int selected, SoGetBoundingBox
 void So3DEntryList::reveal(int index)
 {
   if (index < getFirst() || index >= getFirst() + m_inSight) {
-    m_bar.scrollTo(static_cast<float>(index - m_inSight / 2));
+    const int first = index - m_inSight / 2; // the entry comes to the middle
+    m_bar.scrollTo(static_cast<float>(first));
   }
 }
 
