@@ -214,7 +214,8 @@ void SoQtBasicSlider::followPointer(int x)
 {
   const int room = width() - thumbWidth;
   if (room > 0) {
-    follow(static_cast<float>(x - m_grabOffset - thumbWidth / 2) / static_cast<float>(room));
+    const int left = x - m_grabOffset - thumbWidth / 2; // of the thumb
+    follow(static_cast<float>(left) / static_cast<float>(room));
   }
 }
 
