@@ -17,6 +17,7 @@
 #include <Quillform/core/SoText.h>
 #include <Quillform/core/SoTypedKey.h>
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <utility>
 
@@ -500,7 +501,7 @@ QRect SoDialogEditText::getTextRect3D() const
   const QRect frameRect = getFrameRect3D();
   if (!multiLine.getValue()) {
     // The line stands in the middle of its frame.
-    const int lineHeight = std::min(static_cast<int>(m_lines.getLineHeight() + 0.5F), frameRect.height());
+    const int lineHeight = std::min(static_cast<int>(std::lround(m_lines.getLineHeight())), frameRect.height());
     return {frameRect.x() + textInset, frameRect.y() + (frameRect.height() - lineHeight) / 2,
             frameRect.width() - 2 * textInset, lineHeight};
   }
