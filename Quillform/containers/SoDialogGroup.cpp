@@ -28,10 +28,10 @@ public:
 } // namespace
 
 SoDialogGroup::SoDialogGroup()
-    : m_children(this, {SoDialogComponent::getClassTypeId,
-                        [this] {
-                          updateAfterSceneGraphChange();
-                        }}),
+    : inherited(PartsLater()), m_children(this, {SoDialogComponent::getClassTypeId,
+                                                 [this] {
+                                                   updateAfterSceneGraphChange();
+                                                 }}),
       m_box(1)
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogGroup);
@@ -230,6 +230,14 @@ void SoDialogGroup::restoreAuthoredSizes()
   inherited::restoreAuthoredSizes();
   for (SoTopComponent* child : getComponents()) {
     child->restoreAuthoredSizes();
+  }
+}
+
+void SoDialogGroup::startFromAuthoredSizes()
+{
+  inherited::startFromAuthoredSizes();
+  for (SoTopComponent* child : getComponents()) {
+    child->startFromAuthoredSizes();
   }
 }
 

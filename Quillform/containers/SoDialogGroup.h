@@ -65,6 +65,7 @@ public:
   SoPlannedContents getPlannedContents() override;
   void resetSize() override;
   void restoreAuthoredSizes() override;
+  void startFromAuthoredSizes() override;
   void updateAfterSceneGraphChange() override;
 
   /// Adds the group's edge to a size, \a times times.

@@ -7,6 +7,7 @@
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoTransform.h>
+#include <QScopedValueRollback>
 #include <QWidget>
 #include <Quillform/auditors/SoAuditorDispatch.h>
 #include <Quillform/auditors/SoTopLevelAuditor.h>
@@ -39,12 +40,12 @@ constexpr float frameFace = 1.0F;
 } // namespace
 
 SoTopLevelDialog::SoTopLevelDialog()
-    : m_children(this, {SoTopComponent::getClassTypeId,
-                        [this] {
-                          if (!m_suppressUpdates) {
-                            updateAfterSceneGraphChange();
-                          }
-                        }}),
+    : inherited(PartsLater()), m_children(this, {SoTopComponent::getClassTypeId,
+                                                 [this] {
+                                                   if (!m_suppressUpdates) {
+                                                     updateAfterSceneGraphChange();
+                                                   }
+                                                 }}),
       m_box(1), m_sizes(m_watched, {&width, &height, &minWidth, &minHeight, &maxWidth, &maxHeight}),
       m_defaultAuditor(std::make_unique<SoTopLevelAuditor>()), m_dragStart(0.0F, 0.0F, 0.0F),
       m_positionAtStart(0.0F, 0.0F, 0.0F)
@@ -293,7 +294,9 @@ void SoTopLevelDialog::setChildrenComponentSize()
 
 void SoTopLevelDialog::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
 {
-  m_box.measure(getComponents());
+  if (!m_isMeasured) {
+    m_box.measure(getComponents());
+  }
   m_box.getTotal(size, min, max, margin.getValue(), rowSpacing.getValue(), widgetHasMenuBar() ? 1 : 0);
 }
 
@@ -349,9 +352,6 @@ void SoTopLevelDialog::resetSize()
 
 void SoTopLevelDialog::prepareSizes(int asWidget)
 {
-  for (SoTopComponent* child : getComponents()) {
-    child->restoreAuthoredSizes();
-  }
   if (!m_sizes.isCaptured()) {
     m_sizes.captureOnce();
   }
@@ -368,11 +368,10 @@ void SoTopLevelDialog::prepareSizes(int asWidget)
   }
 }
 
-void SoTopLevelDialog::leaveRoomForRows(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+void SoTopLevelDialog::leaveRoomForRows(const SoBoxModel::Children& children, SbVec2i32& size, SbVec2i32& min,
+                                        SbVec2i32& max) const
 {
   // The rows of some controls need more than their minimum fields say; in a smaller window they would overlap.
-  const SoBoxModel::Children children = getComponents();
-  m_box.measure(children);
   const SbVec2i32 needed = m_box.getLeastSize(children, m_layoutSpacing);
   const SoSizingFields::Values authored = m_sizes.getAuthored();
   for (std::size_t i = 0; i < 2; i++) {
@@ -399,6 +398,38 @@ void SoTopLevelDialog::computeNewChildrenHeight(SbVec2i32& newSize)
   m_box.distribute(newSize[1], defaultSize[1]);
 }
 
+SbVec2i32 SoTopLevelDialog::chooseSize(const SbVec2i32& wanted)
+{
+  const SoBoxModel::Children children = getComponents();
+  for (SoTopComponent* child : children) {
+    child->startFromAuthoredSizes();
+  }
+  m_box.clear(); // both forms give the first row the first pixel
+  m_box.measure(children);
+  const QScopedValueRollback<bool> measured(m_isMeasured, true);
+  SbVec2i32 chosen(0, 0);
+  SbVec2i32 min(0, 0);
+  SbVec2i32 max(0, 0);
+  getSize(chosen, min, max);
+  for (int i = 0; i < 2; i++) {
+    if (wanted[i] != 0) {
+      chosen[i] = wanted[i] < min[i] ? min[i] : std::min(wanted[i], max[i]);
+    }
+  }
+  leaveRoomForRows(children, chosen, min, max);
+  if (!resizable.getValue()) {
+    min = max = chosen;
+  }
+  if (m_firstBuild) {
+    m_saved = {width.getValue(),     height.getValue(),   minWidth.getValue(),
+               minHeight.getValue(), maxWidth.getValue(), maxHeight.getValue()};
+  }
+  setSize(chosen[0], chosen[1], min[0], min[1], max[0], max[1]);
+  setDefaultState();
+  computeNewChildrenHeight(chosen);
+  return chosen;
+}
+
 // Building
 
 void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& place, int asWidget)
@@ -410,27 +441,7 @@ void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
     createBaseWidget(parent);
     m_firstBuild = false;
   }
-  SbVec2i32 chosen(0, 0);
-  SbVec2i32 min(0, 0);
-  SbVec2i32 max(0, 0);
-  getSize(chosen, min, max);
-  for (int i = 0; i < 2; i++) {
-    if (size[i] != 0) {
-      chosen[i] = size[i] < min[i] ? min[i] : std::min(size[i], max[i]);
-    }
-  }
-  leaveRoomForRows(chosen, min, max);
-  if (!resizable.getValue()) {
-    min = max = chosen;
-  }
-  if (m_firstBuild) {
-    m_saved = {width.getValue(),     height.getValue(),   minWidth.getValue(),
-               minHeight.getValue(), maxWidth.getValue(), maxHeight.getValue()};
-  }
-  setSize(chosen[0], chosen[1], min[0], min[1], max[0], max[1]);
-  setDefaultState();
-  m_box.clear(); // both forms give the first row the first pixel
-  computeNewChildrenHeight(chosen);
+  const SbVec2i32 chosen = chooseSize(size);
 
   if (asWidget != 0) {
     // When most rows change, one repaint of everything costs less than a region for every widget that moves.

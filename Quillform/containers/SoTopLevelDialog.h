@@ -261,7 +261,8 @@ protected:
 
 private:
   void prepareSizes(int asWidget);
-  void leaveRoomForRows(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
+  void leaveRoomForRows(const SoBoxModel::Children& children, SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) const;
+  SbVec2i32 chooseSize(const SbVec2i32& wanted);
   void applyLimits();
   bool hasWidgets() const;
   SoBoxModel::Children getComponents() const;
@@ -276,6 +277,7 @@ private:
   QPointer<QVBoxLayout> m_layout; // of the base widget
   QPointer<QWidget> m_builtInto;  // as given to buildDialog
   int m_buildInsideParent = 0;    // as given to buildDialog
+  bool m_isMeasured = false;      // m_box holds what the children need
   bool m_suppressUpdates = true;  // until buildDialog has run
   bool m_firstBuild = true;
   int m_layoutSpacing = 0;          // of the rows on screen; follows rowSpacing only when that changes later

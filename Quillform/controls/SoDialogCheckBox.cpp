@@ -25,7 +25,7 @@ constexpr int frameSize = markSize + 4; // side of the frame around it
 constexpr int markGap = 5;              // between the frame and the text
 } // namespace
 
-SoDialogCheckBox::SoDialogCheckBox()
+SoDialogCheckBox::SoDialogCheckBox() : inherited(PartsLater())
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogCheckBox);
 

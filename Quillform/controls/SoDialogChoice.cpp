@@ -6,13 +6,17 @@
 
 SO_QUILLFORM_SOURCE(SoDialogChoice, "DialogChoice")
 
-SoDialogChoice::SoDialogChoice()
+SoDialogChoice::SoDialogChoice() : SoDialogChoice(PartsLater())
+{
+  SO_KIT_INIT_INSTANCE();
+}
+
+SoDialogChoice::SoDialogChoice(PartsLater later) : inherited(later)
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogChoice);
 
   SO_QUILLFORM_ADD_FIELD(items, (""));
   SO_QUILLFORM_ADD_FIELD(selectedItem, (0));
-  SO_KIT_INIT_INSTANCE();
 }
 
 SoDialogChoice::~SoDialogChoice() = default;

@@ -74,6 +74,7 @@ public:
   virtual void change3DItems();
 
 protected:
+  explicit SoDialogChoice(PartsLater later);
   ~SoDialogChoice() override;
 
   void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;

@@ -37,7 +37,7 @@ constexpr float listGap = 0.1F;
 
 } // namespace
 
-SoDialogComboBox::SoDialogComboBox()
+SoDialogComboBox::SoDialogComboBox() : inherited(PartsLater())
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogComboBox);
 

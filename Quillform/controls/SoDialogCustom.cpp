@@ -4,7 +4,7 @@
 
 SO_QUILLFORM_SOURCE(SoDialogCustom, "DialogCustom")
 
-SoDialogCustom::SoDialogCustom()
+SoDialogCustom::SoDialogCustom() : inherited(PartsLater())
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogCustom);
   SO_KIT_INIT_INSTANCE();

@@ -61,7 +61,7 @@ QString withoutControls(QString text, bool keepsLines)
 
 } // namespace
 
-SoDialogEditText::SoDialogEditText()
+SoDialogEditText::SoDialogEditText() : inherited(PartsLater())
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogEditText);
 
@@ -343,6 +343,7 @@ void SoDialogEditText::changeMultiLine()
   updateComponentWidget();
   getCell()->insertWidget(0, relay);
   setUpRelay();
+  relay->setComplete();
   updateLabelWidget();
   updateEditTextWidget();
   if (wasVisible) {

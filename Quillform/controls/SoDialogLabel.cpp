@@ -7,7 +7,7 @@
 
 SO_QUILLFORM_SOURCE(SoDialogLabel, "DialogLabel")
 
-SoDialogLabel::SoDialogLabel()
+SoDialogLabel::SoDialogLabel() : inherited(PartsLater())
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogLabel);
 

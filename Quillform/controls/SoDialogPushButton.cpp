@@ -24,7 +24,7 @@ constexpr int textMargin = 12; // around the text on the button, both sides toge
 
 } // namespace
 
-SoDialogPushButton::SoDialogPushButton()
+SoDialogPushButton::SoDialogPushButton() : inherited(PartsLater())
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogPushButton);
 

@@ -38,7 +38,7 @@ constexpr float entryHeight = plateHeight + 1.0F;
 
 } // namespace
 
-SoDialogRadioButtons::SoDialogRadioButtons()
+SoDialogRadioButtons::SoDialogRadioButtons() : inherited(PartsLater())
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogRadioButtons);
 

@@ -15,7 +15,7 @@ constexpr int inset = 3;     // of the line within the separator
 constexpr int lineWidth = 2;
 } // namespace
 
-SoDialogSeparator::SoDialogSeparator()
+SoDialogSeparator::SoDialogSeparator() : inherited(PartsLater())
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogSeparator);
 

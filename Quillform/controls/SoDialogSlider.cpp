@@ -45,9 +45,13 @@ constexpr int maxTyped = 40; // characters; no number needs more
 
 } // namespace
 
-SoDialogSlider::SoDialogSlider() : SoDialogSlider(SoValueFormat::REAL, "%3f") {}
+SoDialogSlider::SoDialogSlider() : SoDialogSlider(SoValueFormat::REAL, "%3f")
+{
+  SO_KIT_INIT_INSTANCE();
+}
 
-SoDialogSlider::SoDialogSlider(SoValueFormat::Kind kind, const char* defaultFormat) : m_format(kind, defaultFormat)
+SoDialogSlider::SoDialogSlider(SoValueFormat::Kind kind, const char* defaultFormat)
+    : inherited(PartsLater()), m_format(kind, defaultFormat)
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogSlider);
 
@@ -82,7 +86,6 @@ SoDialogSlider::SoDialogSlider(SoValueFormat::Kind kind, const char* defaultForm
     {&Self::editTextProp, "editTextProp", "SoGroup", "editTextSep", TRUE},
   };
   SO_QUILLFORM_ADD_PARTS(parts);
-  SO_KIT_INIT_INSTANCE();
 }
 
 SoDialogSlider::~SoDialogSlider() = default;

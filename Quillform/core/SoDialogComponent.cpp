@@ -18,8 +18,13 @@ SO_QUILLFORM_SOURCE(SoDialogComponent, "DialogComponent")
 SO_SKIN_SOURCE(SoDialogComponent, "DialogComponent.iv", "DialogComponentEdgeStyleNone",
                "DialogComponentEdgeStyleShadowIn", "DialogComponentEdgeStyleShadowOut")
 
-SoDialogComponent::SoDialogComponent()
-    : m_sizes(m_watched, {&width, &height, &minWidth, &minHeight, &maxWidth, &maxHeight})
+SoDialogComponent::SoDialogComponent() : SoDialogComponent(PartsLater())
+{
+  SO_KIT_INIT_INSTANCE();
+}
+
+SoDialogComponent::SoDialogComponent(PartsLater later)
+    : inherited(later), m_sizes(m_watched, {&width, &height, &minWidth, &minHeight, &maxWidth, &maxHeight})
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogComponent);
 
@@ -49,7 +54,6 @@ SoDialogComponent::SoDialogComponent()
     {&Self::edgeStyleShadowOut, "edgeStyleShadowOut", "SoGroup", "edgeStyleSwitch", TRUE},
   };
   SO_QUILLFORM_ADD_PARTS(parts);
-  SO_KIT_INIT_INSTANCE();
 }
 
 SoDialogComponent::~SoDialogComponent()
@@ -110,6 +114,11 @@ void SoDialogComponent::getDefaultState(SbVec2i32& size, SbVec2i32& min, SbVec2i
 void SoDialogComponent::restoreAuthoredSizes()
 {
   m_sizes.restore();
+}
+
+void SoDialogComponent::startFromAuthoredSizes()
+{
+  m_sizes.plan();
 }
 
 void SoDialogComponent::setDefaultState()
@@ -212,9 +221,7 @@ void SoDialogComponent::getControlRect3D(const SbVec2i32& frame, SbVec2i32& size
 
 SbVec2i32 SoDialogComponent::chooseSize(const SbVec2i32& wanted)
 {
-  if (m_sizes.isCaptured()) {
-    restoreAuthoredSizes();
-  }
+  startFromAuthoredSizes();
   m_sizes.captureOnce();
   if (!getParent()) {
     // Nobody aligns a component that stands alone.
@@ -400,6 +407,9 @@ SoCellLimits SoDialogComponent::getCellLimits() const
 
 void SoDialogComponent::addFrameToCell()
 {
+  if (auto* relay = qobject_cast<SoDialogQFrame*>(m_frame.data())) {
+    relay->setComplete();
+  }
   updateComponentWidget();
   m_cell->addWidget(m_frame, 0);
   m_cell->addItem(m_spacer.release());

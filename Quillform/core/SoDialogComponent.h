@@ -99,6 +99,7 @@ public:
   void changeLabelAlignment() override;
   void getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
   void restoreAuthoredSizes() override;
+  void startFromAuthoredSizes() override;
 
   /// The Qt widget of the label; nullptr when there is none.
   virtual QWidget* getLabelWidget();
@@ -223,6 +224,7 @@ public:
   void getBoundingBox(SoGetBoundingBoxAction* action) override;
 
 protected:
+  explicit SoDialogComponent(PartsLater later);
   ~SoDialogComponent() override;
 
   void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;

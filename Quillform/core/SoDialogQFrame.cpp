@@ -5,6 +5,7 @@
 #include <QAccessibleWidget>
 #include <QLabel>
 #include <QResizeEvent>
+#include <QStringBuilder>
 #include <Quillform/core/SoDialogComponent.h>
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoText.h>
@@ -76,7 +77,7 @@ void SoDialogQFrame::createLabel(QWidget* control)
 
 QString SoDialogQFrame::nameOf(const char* role) const
 {
-  return "ZEP" + m_name + role;
+  return QLatin1String("ZEP") % m_name % QLatin1String(role);
 }
 
 QLabel* SoDialogQFrame::getLabel() const
@@ -98,9 +99,15 @@ void SoDialogQFrame::setControl(QWidget* control)
   m_control = control;
 }
 
+void SoDialogQFrame::setComplete()
+{
+  m_isComplete = true;
+  nameControl();
+}
+
 void SoDialogQFrame::nameControl()
 {
-  if (!m_control) {
+  if (!m_control || !m_isComplete) {
     return;
   }
   QString name = m_labelText;

@@ -34,6 +34,9 @@ public:
   virtual void labelWidgetPos(int x, int y, int w, int h);
   QLabel* getLabel() const;
 
+  /// Tells the relay that it shows everything that it is to show at first. The control gets its name then, once.
+  void setComplete();
+
   static Qt::Alignment toQt(int labelAlignment);
 
 protected:
@@ -76,6 +79,7 @@ private:
   QWidget* m_control = nullptr; // see setControl
   QString m_labelText;          // without mnemonic marks
   QSize m_computedSize;         // see setComputedSize
+  bool m_isComplete = false;    // see setComplete
 };
 
 #endif // QUILLFORM_SODIALOGQFRAME_H

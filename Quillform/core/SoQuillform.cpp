@@ -45,7 +45,12 @@ QFont& font()
 
 } // namespace
 
-SoQuillform::SoQuillform()
+SoQuillform::SoQuillform() : SoQuillform(PartsLater())
+{
+  SO_KIT_INIT_INSTANCE();
+}
+
+SoQuillform::SoQuillform(PartsLater /*later*/)
     : m_watched(fieldChangedCB, this), m_parentTranslation(0.0F, 0.0F, 0.0F), m_labelBox(emptyLabelBox)
 {
   ++s_instanceCount;
@@ -66,7 +71,6 @@ SoQuillform::SoQuillform()
     {&SoQuillform::geomSwitch, "geomSwitch", "SoSwitch", "geomSeparator", FALSE},
   };
   SO_QUILLFORM_ADD_PARTS(parts);
-  SO_KIT_INIT_INSTANCE();
 }
 
 SoQuillform::~SoQuillform()

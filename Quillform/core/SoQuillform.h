@@ -344,6 +344,11 @@ public:
   const SoChildElements* getChildElements() const;
 
 protected:
+  /// Chooses the constructor of a base class that leaves the list of the kit's parts to the derived class, which makes
+  /// it anew in any case.
+  struct PartsLater {};
+  explicit SoQuillform(PartsLater later);
+
   ~SoQuillform() override;
 
   void destroy() override;

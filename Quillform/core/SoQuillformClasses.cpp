@@ -97,13 +97,13 @@ bool SoElementKinds::isGroup(const SoQuillform* element)
 
 bool SoElementKinds::showsRawText(const SoQuillform* element)
 {
-  return dynamic_cast<const SoDialogComboBox*>(element) != nullptr;
+  return element->isOfType(SoDialogComboBox::getClassTypeId());
 }
 
 bool SoElementKinds::isSingleLineEdit(const SoQuillform* element)
 {
-  const auto* edit = dynamic_cast<const SoDialogEditText*>(element);
-  return edit && !edit->multiLine.getValue();
+  return element->isOfType(SoDialogEditText::getClassTypeId()) &&
+         !static_cast<const SoDialogEditText*>(element)->multiLine.getValue();
 }
 
 void SoElementKinds::change3DSkins()

@@ -21,7 +21,7 @@ namespace {
 /// rebuild measures all of them again.
 struct MeasuredTexts {
   static constexpr std::size_t maxCount = 8192; // far above any dialog's number of different texts
-  QFont font;
+  int fontGeneration = -1;                      // none
   std::unordered_map<std::string, SbVec2i32> sizes;
 };
 
@@ -87,10 +87,9 @@ SbVec2i32 SoQuillform::getLabelPixelSize(const SbString& text, const SoQuillform
     return {0, 0};
   }
   static MeasuredTexts measured;
-  const QFont font = getQuillformFont();
-  if (measured.font != font || measured.sizes.size() > MeasuredTexts::maxCount) {
+  if (measured.fontGeneration != getFontGeneration() || measured.sizes.size() > MeasuredTexts::maxCount) {
     measured.sizes.clear();
-    measured.font = font;
+    measured.fontGeneration = getFontGeneration();
   }
   const bool singleLine = node && SoElementKinds::isSingleLineEdit(node);
   const bool raw = node && SoElementKinds::showsRawText(node);

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <Quillform/core/SoChildElements.h>
 #include <Quillform/core/SoDialogComponent.h>
+#include <Quillform/core/SoDialogQFrame.h>
 #include <algorithm>
 #include <unordered_map>
 
@@ -42,6 +43,42 @@ int findPlace(const Places& places, const QWidget* widget)
   return -1;
 }
 
+bool isStop(const QWidget* widget)
+{
+  return widget->focusPolicy() != Qt::NoFocus && !widget->focusProxy();
+}
+
+/// The innermost relay around \a widget, or the widget itself when it is one.
+const QWidget* findRelay(const QWidget* widget)
+{
+  while (widget && !qobject_cast<const SoDialogQFrame*>(widget)) {
+    widget = widget->isWindow() ? nullptr : widget->parentWidget();
+  }
+  return widget;
+}
+
+const QWidget* getFrame(SoQuillform* element)
+{
+  const bool isComponent = element->isOfType(SoDialogComponent::getClassTypeId());
+  return isComponent ? static_cast<SoDialogComponent*>(element)->getWidget() : nullptr;
+}
+
+/// Whether the stops are in order already, which they are after most changes; much cheaper than to sort them.
+bool isInOrder(const std::vector<SoQuillform*>& elements, const QWidget* window)
+{
+  auto at = elements.cbegin();
+  for (QWidget* widget = window->nextInFocusChain(); widget != window; widget = widget->nextInFocusChain()) {
+    const QWidget* relay = isStop(widget) ? findRelay(widget) : nullptr;
+    if (relay) {
+      at = std::find_if(at, elements.cend(), [relay](SoQuillform* element) { return getFrame(element) == relay; });
+      if (at == elements.cend()) {
+        return false;
+      }
+    }
+  }
+  return true;
+}
+
 } // namespace
 
 SoQuillform* SoReadingOrder::getRoot(SoQuillform* element)
@@ -61,16 +98,20 @@ std::vector<SoQuillform*> SoReadingOrder::getElements(SoQuillform* root)
 
 void SoReadingOrder::applyTo(SoQuillform* root, const QWidget* inside)
 {
+  const std::vector<SoQuillform*> elements = getElements(root);
+  const QWidget* window = inside->window();
+  if (isInOrder(elements, window)) {
+    return;
+  }
   Places places;
-  for (SoQuillform* element : getElements(root)) {
-    if (element->isOfType(SoDialogComponent::getClassTypeId())) {
-      places.emplace(static_cast<SoDialogComponent*>(element)->getWidget(), static_cast<int>(places.size()));
+  for (SoQuillform* element : elements) {
+    if (const QWidget* frame = getFrame(element)) {
+      places.emplace(frame, static_cast<int>(places.size()));
     }
   }
   std::vector<Stop> stops;
-  const QWidget* window = inside->window();
   for (QWidget* widget = window->nextInFocusChain(); widget != window; widget = widget->nextInFocusChain()) {
-    const int place = widget->focusPolicy() != Qt::NoFocus && !widget->focusProxy() ? findPlace(places, widget) : -1;
+    const int place = isStop(widget) ? findPlace(places, widget) : -1;
     if (place >= 0) {
       stops.push_back({widget, place});
     }

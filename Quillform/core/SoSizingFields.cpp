@@ -41,10 +41,30 @@ void SoSizingFields::restore(Index first)
   if (!m_captured) {
     return;
   }
+  m_isPlanning = false;
   for (int i = first; i < COUNT; i++) {
     const auto index = static_cast<Index>(i);
     store(index, m_authored[index].value);
-    m_fields[index]->setDefault(m_authored[index].isDefault);
+    setMark(index, m_authored[index].isDefault);
+  }
+}
+
+void SoSizingFields::plan()
+{
+  m_isPlanning = m_captured;
+}
+
+void SoSizingFields::endPlan()
+{
+  if (m_isPlanning) {
+    restore();
+  }
+}
+
+void SoSizingFields::setMark(Index index, SbBool isDefault)
+{
+  if (m_fields[index]->isDefault() != isDefault) {
+    m_fields[index]->setDefault(isDefault);
   }
 }
 
@@ -53,6 +73,7 @@ void SoSizingFields::exchange()
   if (!m_captured) {
     return;
   }
+  endPlan();
   for (std::size_t i = 0; i < COUNT; i++) {
     SoSFInt32& field = *m_fields[i];
     const Authored now = {field.getValue(), field.isDefault()};
@@ -79,13 +100,14 @@ SoSizingFields::Values SoSizingFields::getValues() const
 {
   Values values{};
   for (std::size_t i = 0; i < COUNT; i++) {
-    values[i] = m_fields[i]->getValue();
+    values[i] = get(static_cast<Index>(i));
   }
   return values;
 }
 
 void SoSizingFields::store(Index index, int value)
 {
+  endPlan();
   SoSFInt32& field = *m_fields[index];
   if (field.getValue() == value) {
     return;
@@ -103,6 +125,13 @@ void SoSizingFields::store(Index index, int value)
 
 void SoSizingFields::store(const Values& values)
 {
+  if (m_isPlanning) {
+    m_isPlanning = false; // all values are replaced, so only the marks are to be put back
+    for (int i = 0; i < COUNT; i++) {
+      const auto index = static_cast<Index>(i);
+      setMark(index, m_authored[index].isDefault);
+    }
+  }
   for (int i = 0; i < COUNT; i++) {
     store(static_cast<Index>(i), values[static_cast<std::size_t>(i)]);
   }
@@ -110,6 +139,7 @@ void SoSizingFields::store(const Values& values)
 
 void SoSizingFields::announce()
 {
+  endPlan();
   for (std::size_t i = 0; i < COUNT; i++) {
     const Unannounced unannounced = m_unannounced[i];
     m_unannounced[i].isPending = false;
@@ -121,10 +151,11 @@ void SoSizingFields::announce()
 
 void SoSizingFields::markComputed(const Values& authored, int unbounded)
 {
+  endPlan();
   for (int i = 0; i < COUNT; i++) {
     const auto index = static_cast<Index>(i);
     if (authored[index] == 0 || (index >= MAX_WIDTH && get(index) == unbounded)) {
-      m_fields[index]->setDefault(TRUE);
+      setMark(index, TRUE);
     }
   }
 }

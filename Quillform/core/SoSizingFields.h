@@ -38,6 +38,10 @@ public:
   /// Puts the remembered values back into the fields from \a first on, unseen.
   void restore(Index first = WIDTH);
 
+  /// Lets a layout start from the remembered values, as restore() does, but without writing them: until the next store,
+  /// getSize() and getValues() take them instead of the fields. Most layouts come to the same sizes again.
+  void plan();
+
   /// Swaps the remembered values and the momentary ones, seen by nobody: called once before the element
   /// is written and once after.
   void exchange();
@@ -73,8 +77,11 @@ public:
 private:
   int get(Index index) const
   {
-    return m_fields[index]->getValue();
+    return m_isPlanning ? m_authored[index].value : m_fields[index]->getValue();
   }
+
+  void endPlan();
+  void setMark(Index index, SbBool isDefault);
 
   struct Authored {
     int value = 0;
@@ -89,6 +96,7 @@ private:
   std::array<Authored, COUNT> m_authored;
   std::array<Unannounced, COUNT> m_unannounced;
   bool m_captured = false;
+  bool m_isPlanning = false; // see plan
 };
 
 template <class GetDefaults>

@@ -5,10 +5,14 @@
 
 SO_QUILLFORM_SOURCE(SoTopComponent, "TopComponent")
 
-SoTopComponent::SoTopComponent()
+SoTopComponent::SoTopComponent() : SoTopComponent(PartsLater())
+{
+  SO_KIT_INIT_INSTANCE();
+}
+
+SoTopComponent::SoTopComponent(PartsLater later) : inherited(later)
 {
   SO_QUILLFORM_CONSTRUCTOR(SoTopComponent);
-  SO_KIT_INIT_INSTANCE();
 }
 
 SoTopComponent::~SoTopComponent() = default;
@@ -31,6 +35,7 @@ void SoTopComponent::updateFromSensor(SoSensor* sensor)
 void SoTopComponent::getSize(SbVec2i32& /*size*/, SbVec2i32& /*min*/, SbVec2i32& /*max*/) {}
 
 void SoTopComponent::restoreAuthoredSizes() {}
+void SoTopComponent::startFromAuthoredSizes() {}
 
 void SoTopComponent::addTranslation(SoTranslation* translation)
 {

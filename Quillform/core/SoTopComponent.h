@@ -18,15 +18,19 @@ public:
   /// The preferred size and its bounds, in pixels. Leaves its arguments alone in this class.
   virtual void getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
 
-  /// Puts what the author set back into the sizing fields, where the last layout has left its results. Containers
-  /// call it before they measure their children.
+  /// Puts what the author set back into the sizing fields, where the last layout has left its results.
   virtual void restoreAuthoredSizes();
+
+  /// Makes the next layout start from what the author set. The same as restoreAuthoredSizes(), but the fields keep the
+  /// results of the last layout until there are new ones. Containers call it before they measure their children.
+  virtual void startFromAuthoredSizes();
 
   /// Gives the first translation below `geomSwitch`, if it is named "parentPositionTranslation", the value of
   /// \a translation, and inserts \a translation there otherwise.
   void addTranslation(SoTranslation* translation);
 
 protected:
+  explicit SoTopComponent(PartsLater later);
   ~SoTopComponent() override;
 };
 

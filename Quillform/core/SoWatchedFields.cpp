@@ -32,7 +32,7 @@ SoWatchedFields::~SoWatchedFields()
 
 void SoWatchedFields::watch(const SoField& field)
 {
-  if (find(field)) {
+  if (find(field) != none) {
     return;
   }
   if (m_entries.empty()) {
@@ -45,8 +45,8 @@ void SoWatchedFields::watch(const SoField& field)
 void SoWatchedFields::fieldChanged(const SoField* field)
 {
   m_hasChanges = true;
-  const Entry* entry = find(*field);
-  if (!entry || entry->pauses > 0) {
+  const std::size_t index = find(*field);
+  if (index == none || m_entries[index].pauses > 0) {
     return;
   }
   const auto isSame = [field](const Change& change) {
@@ -105,28 +105,27 @@ const SoField* SoWatchedFields::getFired(SoSensor* sensor)
   return sensor && sensor == sharedSensor ? firedField : nullptr;
 }
 
-SoWatchedFields::Entry* SoWatchedFields::find(const SoField& field)
+std::size_t SoWatchedFields::find(const SoField& field) const
 {
-  for (Entry& entry : m_entries) {
-    if (entry.field == &field) {
-      return &entry;
+  for (std::size_t i = 0; i < m_entries.size(); i++) {
+    if (m_entries[i].field == &field) {
+      return i;
     }
   }
-  return nullptr;
+  return none;
 }
 
-SoWatchedFields::Pause::Pause(SoWatchedFields& watched, const SoField& field) : m_watched(watched), m_field(field)
+SoWatchedFields::Pause::Pause(SoWatchedFields& watched, const SoField& field)
+    : m_watched(watched), m_index(watched.find(field))
 {
-  if (Entry* entry = m_watched.find(m_field)) {
-    ++entry->pauses;
+  if (m_index != none) {
+    ++m_watched.m_entries[m_index].pauses;
   }
 }
 
 SoWatchedFields::Pause::~Pause()
 {
-  // Unwatched when the pause began, perhaps watched since: such a field has no pause to end.
-  Entry* entry = m_watched.find(m_field);
-  if (entry && entry->pauses > 0) {
-    --entry->pauses;
+  if (m_index != none) {
+    --m_watched.m_entries[m_index].pauses;
   }
 }

@@ -53,7 +53,7 @@ public:
 
   private:
     SoWatchedFields& m_watched;
-    const SoField& m_field;
+    std::size_t m_index; // of the entry, which keeps its place; none when the field is not watched yet
   };
 
 private:
@@ -61,7 +61,8 @@ private:
     const SoField* field;
     int pauses;
   };
-  Entry* find(const SoField& field);
+  static constexpr std::size_t none = SIZE_MAX;
+  std::size_t find(const SoField& field) const; ///< index of the entry
   static void runCallbacks(void* data, SoSensor* sensor);
 
   bool m_hasChanges = false;
