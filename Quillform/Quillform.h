@@ -20,10 +20,12 @@
 #include <Quillform/auditors/SoTopLevelAuditor.h>
 #include <Quillform/containers/SoColumnDialog.h>
 #include <Quillform/containers/SoDialogGroup.h>
+#include <Quillform/containers/SoMessageDialog.h>
 #include <Quillform/containers/SoRowDialog.h>
 #include <Quillform/containers/SoTabDialog.h>
 #include <Quillform/containers/SoTopLevelDialog.h>
 #include <Quillform/controls/SoDialogCheckBox.h>
+#include <Quillform/controls/SoDialogCheckBoxLauncher.h>
 #include <Quillform/controls/SoDialogChoice.h>
 #include <Quillform/controls/SoDialogComboBox.h>
 #include <Quillform/controls/SoDialogCustom.h>
@@ -31,6 +33,7 @@
 #include <Quillform/controls/SoDialogIntegerSlider.h>
 #include <Quillform/controls/SoDialogLabel.h>
 #include <Quillform/controls/SoDialogPushButton.h>
+#include <Quillform/controls/SoDialogPushButtonLauncher.h>
 #include <Quillform/controls/SoDialogRadioButtons.h>
 #include <Quillform/controls/SoDialogRealSlider.h>
 #include <Quillform/controls/SoDialogSeparator.h>

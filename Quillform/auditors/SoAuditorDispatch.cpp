@@ -63,12 +63,12 @@ bool isListed(const SoQuillform* element, const SoAuditor* auditor)
 
 } // namespace
 
-void SoAuditorDispatch::applyToParent(SoQuillform* element)
+void SoAuditorDispatch::handOn(SoQuillform* container, SoQuillform* caller)
 {
-  const SoEventScope scope(element, SoEventScope::getAction());
-  if (SoQuillform* parent = element->getParent()) {
+  const SoEventScope scope(caller, SoEventScope::getAction());
+  if (SoQuillform* parent = container->getParent()) {
     const SoEventScope parentScope(parent, SoEventScope::getAction());
-    parent->applyAuditor(element);
+    parent->applyAuditor(caller);
   }
 }
 

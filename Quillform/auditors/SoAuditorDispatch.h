@@ -18,7 +18,7 @@ public:
   static void applyOwnAuditors(Element* element, void (Auditor::*operation)(Element*))
   {
     if (element->getAuditorListLength() == 0) {
-      applyToParent(element);
+      handOn(element, element);
       return;
     }
     forEachAuditor(element, [element, operation](SoAuditor* auditor) {
@@ -47,9 +47,10 @@ public:
   /// The first element below \a container, depth first, with that auditorID; nullptr when there is none.
   static SoQuillform* searchForAuditorId(SoQuillform* container, const SbString& id);
 
-private:
-  static void applyToParent(SoQuillform* element);
+  /// Hands \a caller to the parent of \a container, if it has one: to its auditors, or further up.
+  static void handOn(SoQuillform* container, SoQuillform* caller);
 
+private:
   /// Calls \a call with each auditor, in order, that is still in the list when its turn comes. An auditor for
   /// which it returns false is of the wrong kind and is named in a message.
   static void forEachAuditor(SoQuillform* element, const std::function<bool(SoAuditor*)>& call);

@@ -7,17 +7,21 @@
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoTransform.h>
+#include <QEvent>
 #include <QScopedValueRollback>
 #include <QWidget>
 #include <Quillform/auditors/SoAuditorDispatch.h>
 #include <Quillform/auditors/SoTopLevelAuditor.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoDialogComponent.h>
+#include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoReadingOrder.h>
 #include <Quillform/core/SoText.h>
 #include <Quillform/platform/SoInSceneMode.h>
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
+#include <utility>
 
 SO_QUILLFORM_SOURCE_WITH_ALIAS(SoTopLevelDialog, "SoTopLevelDialog", "TopLevelDialog")
 SO_SKIN_SOURCE(SoTopLevelDialog, "TopLevelDialog.iv", "TopLevelDialogFrame", "TopLevelDialogMinReleased",
@@ -36,6 +40,30 @@ constexpr int fewRows = 20; // that may change without a repaint of everything
 
 /// Heights over the dialog's plane.
 constexpr float frameFace = 1.0F;
+
+/// A launched dialog stands below its launcher's middle, in front of everything in the dialog around that, but not so
+/// far that it would look larger.
+const SbVec3f launchedPlace(0.0F, -16.0F, 40.0F);
+
+/// Tells when a window has been closed or hidden, which is not when it was minimised.
+class HideWatch : public QObject {
+public:
+  HideWatch(QWidget* window, std::function<void()> hidden) : QObject(window), m_hidden(std::move(hidden))
+  {
+    window->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override
+  {
+    if (event->type() == QEvent::Hide && !event->spontaneous()) {
+      m_hidden();
+    }
+    return false;
+  }
+
+private:
+  std::function<void()> m_hidden;
+};
 
 } // namespace
 
@@ -97,10 +125,16 @@ SoTopLevelDialog::SoTopLevelDialog()
 SoTopLevelDialog::~SoTopLevelDialog()
 {
   if (m_base && m_buildInsideParent == 0) {
-    // Not at once: the event that ends the dialog may come from one of its widgets.
-    m_base->hide();
-    m_base->deleteLater();
+    removeBaseWidget();
   }
+}
+
+void SoTopLevelDialog::removeBaseWidget()
+{
+  delete m_hideWatch.data();
+  // Not at once: the event that ends the dialog may come from one of its widgets.
+  m_base->hide();
+  m_base->deleteLater();
 }
 
 SoChildElements* SoTopLevelDialog::getChildElements()
@@ -146,6 +180,16 @@ QWidget* SoTopLevelDialog::buildDialog(QWidget* parent, int buildInsideParent)
                        "There is no parent to build the dialog into; it gets a window of its own.");
     buildInsideParent = 0;
   }
+  return build(parent, buildInsideParent, SoInSceneMode::isEnabled() ? 0 : 1);
+}
+
+QWidget* SoTopLevelDialog::buildAs(QWidget* parent, int asWidget)
+{
+  return build(parent, 0, asWidget);
+}
+
+QWidget* SoTopLevelDialog::build(QWidget* parent, int buildInsideParent, int asWidget)
+{
   if (!m_base) {
     m_buildInsideParent = buildInsideParent;
     m_builtInto = parent;
@@ -154,7 +198,7 @@ QWidget* SoTopLevelDialog::buildDialog(QWidget* parent, int buildInsideParent)
   setChildrenComponentSize();
   SbVec2i32 size(0, 0);
   SbVec2i32 place(0, 0);
-  buildWidget(m_builtInto, size, place, SoInSceneMode::isEnabled() ? 0 : 1);
+  buildWidget(m_builtInto, size, place, asWidget);
   m_suppressUpdates = false;
   return m_base;
 }
@@ -176,7 +220,27 @@ void SoTopLevelDialog::hide()
 void SoTopLevelDialog::close()
 {
   hide();
-  unref();
+  SoQuillform* launcher = getParent();
+  if (!launcher) {
+    unref();
+  }
+  else if (isBuilt3D() != 0) {
+    show3D(0);
+    launcher->launchedDialogClosed();
+  }
+}
+
+void SoTopLevelDialog::windowHidden()
+{
+  const SoEventScope scope(this, SoEventScope::getAction());
+  for (SoQuillform* element : SoReadingOrder::getElements(this)) {
+    if (element->isOfType(getClassTypeId())) {
+      static_cast<SoTopLevelDialog*>(element)->hide();
+    }
+  }
+  if (SoQuillform* launcher = getParent()) {
+    launcher->launchedDialogClosed();
+  }
 }
 
 void SoTopLevelDialog::destroyDialog()
@@ -193,8 +257,7 @@ void SoTopLevelDialog::destroyWidget()
     child->destroyWidget();
   }
   if (m_base && m_buildInsideParent == 0) {
-    m_base->hide();
-    m_base->deleteLater();
+    removeBaseWidget();
   }
   else {
     delete m_layout.data();
@@ -267,6 +330,10 @@ void SoTopLevelDialog::removeAuditor(SoDialogAuditor* auditor)
 
 void SoTopLevelDialog::applyAuditor(SoQuillform* caller)
 {
+  if (getParent() && getAuditorListLength() == 0) {
+    SoAuditorDispatch::handOn(this, caller);
+    return;
+  }
   SoAuditorDispatch::applyDialogAuditors(this, m_defaultAuditor.get(), caller, SoAuditorDispatch::WITH_MENUS);
 }
 
@@ -503,6 +570,7 @@ void SoTopLevelDialog::createBaseWidget(QWidget* parent)
   else {
     m_base = new QWidget;
     m_base->setObjectName("SoTopLevelDialog");
+    m_hideWatch = new HideWatch(m_base, [this] { windowHidden(); });
     setWidgetFont(m_base); // handed down, so that all widgets share one font's data
   }
   m_layout = new QVBoxLayout(m_base);

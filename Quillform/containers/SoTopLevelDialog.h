@@ -126,11 +126,16 @@ public:
   /// enabled it makes geometry instead, to be drawn wherever the node stands in a scene, and returns nullptr.
   QWidget* buildDialog(QWidget* parent, int buildInsideParent);
 
+  /// As buildDialog(), whatever the in-scene mode says: makes a window of its own when \a asWidget is non-zero, else
+  /// geometry.
+  QWidget* buildAs(QWidget* parent, int asWidget);
+
   /// Shows or hides the dialog's own window. Without effect on a dialog built inside a parent.
   virtual void show();
   virtual void hide();
 
-  /// Hides the dialog and drops one reference to the node.
+  /// Hides the dialog and drops one reference to the node. A dialog that a launcher opens belongs to its launcher and
+  /// is only hidden.
   void close();
 
   /// Hides the dialog. One that was built inside a parent ends the whole process with status 0: it lives in the
@@ -154,7 +159,8 @@ public:
   void addAuditor(SoDialogAuditor* auditor);
   void removeAuditor(SoDialogAuditor* auditor);
 
-  /// Reports an element of the dialog to the dialog's auditors.
+  /// Reports an element of the dialog to the dialog's auditors. Without any, a launched dialog hands it to its
+  /// launcher and so to the dialog around that.
   void applyAuditor(SoQuillform* caller) override;
 
   /// Reports every control of the dialog once, so that auditors see the initial values.
@@ -260,6 +266,9 @@ protected:
   void release3D() override;
 
 private:
+  QWidget* build(QWidget* parent, int buildInsideParent, int asWidget);
+  void removeBaseWidget();
+  void windowHidden();
   void prepareSizes(int asWidget);
   void leaveRoomForRows(const SoBoxModel::Children& children, SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) const;
   SbVec2i32 chooseSize(const SbVec2i32& wanted);
@@ -275,6 +284,7 @@ private:
   SoChildElements m_children;     // in the node kit's own child list
   QPointer<QWidget> m_base;       // the window, or the parent taken over
   QPointer<QVBoxLayout> m_layout; // of the base widget
+  QPointer<QObject> m_hideWatch;  // calls windowHidden()
   QPointer<QWidget> m_builtInto;  // as given to buildDialog
   int m_buildInsideParent = 0;    // as given to buildDialog
   bool m_isMeasured = false;      // m_box holds what the children need

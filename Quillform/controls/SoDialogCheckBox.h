@@ -105,8 +105,10 @@ protected:
   bool usesKeys3D() const override;
   void release3D() override;
 
-private:
+  /// Sets `state` without the reaction that a change from code has.
   void setStateFromUser(bool checked);
+
+private:
   SbString getShownText() const;
 
   SbVec2i32 m_onTextSize{0, 0};            // of onString with its margins, once measured

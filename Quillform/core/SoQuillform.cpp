@@ -280,6 +280,7 @@ void SoQuillform::updateFromSensor(SoSensor* sensor)
 
 void SoQuillform::applyAuditor(SoQuillform* /*caller*/) {}
 void SoQuillform::resetSize() {}
+void SoQuillform::launchedDialogClosed() {}
 void SoQuillform::updateAfterSceneGraphChange() {}
 
 QBoxLayout* SoQuillform::getLayoutFor(const SoQuillform* /*child*/) const

@@ -266,6 +266,9 @@ public:
   /// The contents of this element, or of one inside it, have changed: the dialog around it is built anew.
   virtual void updateAfterSceneGraphChange();
 
+  /// A dialog that this element has launched was closed or hidden.
+  virtual void launchedDialogClosed();
+
   /// The layout into which \a child builds its widgets; nullptr when this element holds none.
   virtual QBoxLayout* getLayoutFor(const SoQuillform* child) const;
 

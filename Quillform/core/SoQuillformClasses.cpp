@@ -4,10 +4,12 @@
 
 #include <Quillform/auditors/SoAuditor.h>
 #include <Quillform/containers/SoColumnDialog.h>
+#include <Quillform/containers/SoMessageDialog.h>
 #include <Quillform/containers/SoRowDialog.h>
 #include <Quillform/containers/SoTabDialog.h>
 #include <Quillform/containers/SoTopLevelDialog.h>
 #include <Quillform/controls/SoDialogCheckBox.h>
+#include <Quillform/controls/SoDialogCheckBoxLauncher.h>
 #include <Quillform/controls/SoDialogChoice.h>
 #include <Quillform/controls/SoDialogComboBox.h>
 #include <Quillform/controls/SoDialogCustom.h>
@@ -15,6 +17,7 @@
 #include <Quillform/controls/SoDialogIntegerSlider.h>
 #include <Quillform/controls/SoDialogLabel.h>
 #include <Quillform/controls/SoDialogPushButton.h>
+#include <Quillform/controls/SoDialogPushButtonLauncher.h>
 #include <Quillform/controls/SoDialogRadioButtons.h>
 #include <Quillform/controls/SoDialogRealSlider.h>
 #include <Quillform/controls/SoDialogSeparator.h>
@@ -39,13 +42,29 @@ constexpr ElementClass elementClass()
 
 /// Registered forwards, unregistered backwards.
 const ElementClass classes[] = {
-  elementClass<SoQuillform>(),          elementClass<SoTopComponent>(),   elementClass<SoDialogComponent>(),
-  elementClass<SoDialogCheckBox>(),     elementClass<SoDialogChoice>(),   elementClass<SoDialogComboBox>(),
-  elementClass<SoDialogRadioButtons>(), elementClass<SoDialogCustom>(),   elementClass<SoDialogEditText>(),
-  elementClass<SoDialogGroup>(),        elementClass<SoColumnDialog>(),   elementClass<SoRowDialog>(),
-  elementClass<SoTabDialog>(),          elementClass<SoDialogLabel>(),    elementClass<SoDialogPushButton>(),
-  elementClass<SoDialogSeparator>(),    elementClass<SoDialogSlider>(),   elementClass<SoDialogIntegerSlider>(),
-  elementClass<SoDialogRealSlider>(),   elementClass<SoTopLevelDialog>(),
+  elementClass<SoQuillform>(),
+  elementClass<SoTopComponent>(),
+  elementClass<SoDialogComponent>(),
+  elementClass<SoDialogCheckBox>(),
+  elementClass<SoDialogCheckBoxLauncher>(),
+  elementClass<SoDialogChoice>(),
+  elementClass<SoDialogComboBox>(),
+  elementClass<SoDialogRadioButtons>(),
+  elementClass<SoDialogCustom>(),
+  elementClass<SoDialogEditText>(),
+  elementClass<SoDialogGroup>(),
+  elementClass<SoColumnDialog>(),
+  elementClass<SoRowDialog>(),
+  elementClass<SoTabDialog>(),
+  elementClass<SoDialogLabel>(),
+  elementClass<SoDialogPushButton>(),
+  elementClass<SoDialogPushButtonLauncher>(),
+  elementClass<SoDialogSeparator>(),
+  elementClass<SoDialogSlider>(),
+  elementClass<SoDialogIntegerSlider>(),
+  elementClass<SoDialogRealSlider>(),
+  elementClass<SoTopLevelDialog>(),
+  elementClass<SoMessageDialog>(),
 };
 
 /// The order in which a switch of skins reaches the classes, after the text properties.

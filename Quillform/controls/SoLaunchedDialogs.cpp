@@ -1,0 +1,112 @@
+#include <Quillform/controls/SoLaunchedDialogs.h>
+
+#include <Inventor/Qt/SoQt.h>
+#include <Quillform/containers/SoTopLevelDialog.h>
+#include <utility>
+
+SoLaunchedDialogs::SoLaunchedDialogs(SoQuillform* launcher, std::function<void()> changed)
+    : m_launcher(launcher), m_elements(launcher, {SoTopLevelDialog::getClassTypeId, std::move(changed)})
+{
+}
+
+SoChildElements& SoLaunchedDialogs::getElements()
+{
+  return m_elements;
+}
+
+std::vector<SoTopLevelDialog*> SoLaunchedDialogs::hold() const
+{
+  std::vector<SoTopLevelDialog*> dialogs;
+  for (int i = 0; i < m_elements.getNum(); i++) {
+    dialogs.push_back(static_cast<SoTopLevelDialog*>(m_elements.get(i)));
+    dialogs.back()->ref();
+  }
+  return dialogs;
+}
+
+/// Opening a dialog runs code of the application, by a sensor say, which may add and remove dialogs.
+template <class Call>
+void SoLaunchedDialogs::forEach(Call call)
+{
+  for (SoTopLevelDialog* dialog : hold()) {
+    if (m_elements.find(dialog) >= 0) {
+      call(dialog);
+    }
+    dialog->unref();
+  }
+}
+
+void SoLaunchedDialogs::buildWindows()
+{
+  forEach([](SoTopLevelDialog* dialog) {
+    if (!dialog->getWidget()) {
+      dialog->buildAs(SoQt::getTopLevelWidget(), 1);
+    }
+  });
+}
+
+void SoLaunchedDialogs::showWindows(bool shown)
+{
+  buildWindows();
+  forEach([shown](SoTopLevelDialog* dialog) {
+    const QWidget* window = dialog->getWidget();
+    const bool isShown = window && window->isVisible();
+    if (shown && !isShown) {
+      dialog->show();
+    }
+    else if (!shown && isShown) {
+      dialog->hide();
+    }
+  });
+}
+
+void SoLaunchedDialogs::raiseWindows()
+{
+  forEach([](SoTopLevelDialog* dialog) {
+    if (QWidget* window = dialog->getWidget()) {
+      window->raise();
+      window->activateWindow();
+    }
+  });
+}
+
+void SoLaunchedDialogs::destroyWindows()
+{
+  forEach([](SoTopLevelDialog* dialog) { dialog->destroyWidget(); });
+}
+
+bool SoLaunchedDialogs::isSeen3D() const
+{
+  SoQuillform* around = m_launcher->getFirstTopParent(1, 0);
+  return m_isOpen3D && (!around || around->shows3D(m_launcher));
+}
+
+void SoLaunchedDialogs::show3D(bool shown)
+{
+  m_isBuilt3D = true;
+  m_isOpen3D = shown;
+  forEach([this](SoTopLevelDialog* dialog) {
+    if (dialog->isBuilt3D() == 0) {
+      dialog->buildAs(nullptr, 0);
+    }
+    dialog->change3DPosition();
+    dialog->show3D(isSeen3D() ? 1 : 0);
+  });
+}
+
+void SoLaunchedDialogs::follow3D()
+{
+  if (m_isBuilt3D) {
+    show3D(m_isOpen3D);
+  }
+}
+
+void SoLaunchedDialogs::move3D()
+{
+  forEach([](SoTopLevelDialog* dialog) { dialog->change3DPosition(); });
+}
+
+bool SoLaunchedDialogs::isBuilt3D() const
+{
+  return m_isBuilt3D;
+}
