@@ -4,6 +4,7 @@
 #include <Inventor/errors/SoDebugError.h>
 #include <QApplication>
 #include <QMessageBox>
+#include <QTextDocument>
 #include <Quillform/core/SoText.h>
 #include <Quillform/platform/SoThreadName.h>
 

@@ -33,8 +33,9 @@ void SoDialogCheckBoxLauncher::buildWidget(QWidget* parent, SbVec2i32& size, SbV
 
 void SoDialogCheckBoxLauncher::updateFromSensor(SoSensor* sensor)
 {
+  const bool isState = SoWatchedFields::getFired(sensor) == &state;
   inherited::updateFromSensor(sensor);
-  if (SoWatchedFields::getFired(sensor) == &state) {
+  if (isState) {
     openByState();
   }
 }
