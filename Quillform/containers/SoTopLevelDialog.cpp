@@ -2,7 +2,10 @@
 
 #include <Inventor/Qt/SoQt.h>
 #include <Inventor/SbPlane.h>
+#include <Inventor/SoPickedPoint.h>
+#include <Inventor/actions/SoHandleEventAction.h>
 #include <Inventor/errors/SoDebugError.h>
+#include <Inventor/events/SoMouseButtonEvent.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoSwitch.h>
@@ -855,6 +858,24 @@ void SoTopLevelDialog::restore3DDialog()
 }
 
 // The pointer in the scene: the title bar drags the dialog, the button minimises it
+
+void SoTopLevelDialog::handleEvent(SoHandleEventAction* action)
+{
+  const SoTopComponent* bar = widgetHasMenuBar();
+  if (bar && SO_MOUSE_PRESS_EVENT(action->getEvent(), BUTTON1)) {
+    // A press on anything else closes an open menu, also on what has no use for the press itself.
+    SoQuillform* active = get3DCurrentActive();
+    const SoQuillform* around = active;
+    while (around && around != bar) {
+      around = around->getParent();
+    }
+    const SoPickedPoint* point = around ? action->getPickedPoint() : nullptr;
+    if (around && !(point && point->getPath()->containsNode(bar))) {
+      active->set3DInactive();
+    }
+  }
+  inherited::handleEvent(action);
+}
 
 void SoTopLevelDialog::press3D()
 {

@@ -21,6 +21,14 @@
 #include <Quillform/core/SoDialogComponent.h>
 #include <Quillform/core/SoElementKinds.h>
 #include <Quillform/core/SoTopComponent.h>
+#include <Quillform/menus/SoMenuBar.h>
+#include <Quillform/menus/SoMenuCheckBox.h>
+#include <Quillform/menus/SoMenuFileSelection.h>
+#include <Quillform/menus/SoMenuItem.h>
+#include <Quillform/menus/SoMenuPopup.h>
+#include <Quillform/menus/SoMenuPushButton.h>
+#include <Quillform/menus/SoMenuRadioButtons.h>
+#include <Quillform/menus/SoMenuSeparator.h>
 #include <iterator>
 
 namespace {
@@ -39,20 +47,28 @@ constexpr ElementClass elementClass()
 
 /// Registered forwards, unregistered backwards.
 const ElementClass classes[] = {
-  elementClass<SoQuillform>(),          elementClass<SoTopComponent>(),   elementClass<SoDialogComponent>(),
-  elementClass<SoDialogCheckBox>(),     elementClass<SoDialogChoice>(),   elementClass<SoDialogComboBox>(),
-  elementClass<SoDialogRadioButtons>(), elementClass<SoDialogCustom>(),   elementClass<SoDialogEditText>(),
-  elementClass<SoDialogGroup>(),        elementClass<SoColumnDialog>(),   elementClass<SoRowDialog>(),
-  elementClass<SoTabDialog>(),          elementClass<SoDialogLabel>(),    elementClass<SoDialogPushButton>(),
-  elementClass<SoDialogSeparator>(),    elementClass<SoDialogSlider>(),   elementClass<SoDialogIntegerSlider>(),
-  elementClass<SoDialogRealSlider>(),   elementClass<SoTopLevelDialog>(),
+  elementClass<SoQuillform>(),           elementClass<SoMenuItem>(),           elementClass<SoMenuCheckBox>(),
+  elementClass<SoMenuPopup>(),           elementClass<SoMenuPushButton>(),     elementClass<SoMenuFileSelection>(),
+  elementClass<SoMenuRadioButtons>(),    elementClass<SoMenuSeparator>(),      elementClass<SoTopComponent>(),
+  elementClass<SoDialogComponent>(),     elementClass<SoDialogCheckBox>(),     elementClass<SoDialogChoice>(),
+  elementClass<SoDialogComboBox>(),      elementClass<SoDialogRadioButtons>(), elementClass<SoDialogCustom>(),
+  elementClass<SoDialogEditText>(),      elementClass<SoDialogGroup>(),        elementClass<SoColumnDialog>(),
+  elementClass<SoRowDialog>(),           elementClass<SoTabDialog>(),          elementClass<SoDialogLabel>(),
+  elementClass<SoDialogPushButton>(),    elementClass<SoDialogSeparator>(),    elementClass<SoDialogSlider>(),
+  elementClass<SoDialogIntegerSlider>(), elementClass<SoDialogRealSlider>(),   elementClass<SoMenuBar>(),
+  elementClass<SoTopLevelDialog>(),
 };
 
 /// The order in which a switch of skins reaches the classes, after the text properties.
 void (*const skinSwitches[])() = {
-  &SoDialogComponent::change3DSkin,    &SoDialogCheckBox::change3DSkin,  &SoDialogComboBox::change3DSkin,
-  &SoDialogRadioButtons::change3DSkin, &SoDialogEditText::change3DSkin,  &SoTabDialog::change3DSkin,
-  &SoDialogPushButton::change3DSkin,   &SoDialogSeparator::change3DSkin, &SoDialogSlider::change3DSkin,
+  &SoMenuItem::change3DSkin,         &SoMenuCheckBox::change3DSkin,
+  &SoMenuPopup::change3DSkin,        &SoMenuPushButton::change3DSkin,
+  &SoMenuRadioButtons::change3DSkin, &SoMenuSeparator::change3DSkin,
+  &SoDialogComponent::change3DSkin,  &SoDialogCheckBox::change3DSkin,
+  &SoDialogComboBox::change3DSkin,   &SoDialogRadioButtons::change3DSkin,
+  &SoDialogEditText::change3DSkin,   &SoTabDialog::change3DSkin,
+  &SoDialogPushButton::change3DSkin, &SoDialogSeparator::change3DSkin,
+  &SoDialogSlider::change3DSkin,     &SoMenuBar::change3DSkin,
   &SoTopLevelDialog::change3DSkin,
 };
 
