@@ -1,5 +1,6 @@
 #include <Quillform/menus/SoMenuQItem.h>
 
+#include <QEvent>
 #include <QKeySequence>
 #include <Quillform/menus/SoMenuItem.h>
 
@@ -8,6 +9,7 @@ SoMenuQItem::SoMenuQItem(QMenu* menu, int identifier, SoMenuItem* owner, const c
 {
   setObjectName(QString("ZEP") + name);
   moveTo(menu);
+  m_action->installEventFilter(this);
   connect(m_action, &QAction::triggered, this, &SoMenuQItem::menuEvent);
 }
 
@@ -65,6 +67,22 @@ void SoMenuQItem::setAccel(const char* accel)
 void SoMenuQItem::setEnable(bool enabled)
 {
   m_action->setEnabled(enabled);
+}
+
+bool SoMenuQItem::isReachable() const
+{
+  for (const QMenu* around = m_menu; around; around = qobject_cast<const QMenu*>(around->parentWidget())) {
+    if (!around->isEnabled()) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool SoMenuQItem::eventFilter(QObject* watched, QEvent* event)
+{
+  // Qt lets shortcuts of disabled menus work.
+  return event->type() == QEvent::Shortcut && !isReachable() ? true : QWidget::eventFilter(watched, event);
 }
 
 int SoMenuQItem::getEventId() const

@@ -45,7 +45,11 @@ protected:
   virtual int getEventId() const;
   int getIdentifier() const;
 
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+  bool isReachable() const; // no menu around the action is disabled
+
   SoMenuItem* m_owner;    // nullptr once the relay has ended
   QPointer<QMenu> m_menu; // not owned
   QAction* m_action;      // a child of the relay
