@@ -41,6 +41,14 @@
 #include <Quillform/core/SoDialogWidgetList.h>
 #include <Quillform/core/SoQuillform.h>
 #include <Quillform/core/SoTopComponent.h>
+#include <Quillform/menus/SoMenuBar.h>
+#include <Quillform/menus/SoMenuCheckBox.h>
+#include <Quillform/menus/SoMenuFileSelection.h>
+#include <Quillform/menus/SoMenuItem.h>
+#include <Quillform/menus/SoMenuPopup.h>
+#include <Quillform/menus/SoMenuPushButton.h>
+#include <Quillform/menus/SoMenuRadioButtons.h>
+#include <Quillform/menus/SoMenuSeparator.h>
 #include <Quillform/platform/SbFileHelper.h>
 #include <Quillform/platform/SoInSceneMode.h>
 #include <Quillform/platform/SoPreferences.h>

@@ -11,6 +11,9 @@
 #include <Quillform/controls/SoDialogRealSlider.h>
 #include <Quillform/core/SoChildElements.h>
 #include <Quillform/core/SoEventScope.h>
+#include <Quillform/menus/SoMenuCheckBox.h>
+#include <Quillform/menus/SoMenuFileSelection.h>
+#include <Quillform/menus/SoMenuRadioButtons.h>
 #include <vector>
 
 namespace {
@@ -30,6 +33,14 @@ constexpr Report report(SoAuditorDispatch::Scope scope)
           scope};
 }
 
+/// A file selection is a kind of command, and is reported as what it is only.
+void callPushButton(SoDialogAuditor* auditor, SoQuillform* element)
+{
+  if (!element->isOfType(SoMenuFileSelection::getClassTypeId())) {
+    auditor->menuPushButton(static_cast<SoMenuPushButton*>(element));
+  }
+}
+
 /// In the order of the tests.
 const Report reports[] = {
   report<SoDialogPushButton, &SoDialogAuditor::dialogPushButton>(SoAuditorDispatch::CONTROLS),
@@ -39,6 +50,10 @@ const Report reports[] = {
   report<SoDialogRadioButtons, &SoDialogAuditor::dialogRadioButtons>(SoAuditorDispatch::CONTROLS),
   report<SoDialogIntegerSlider, &SoDialogAuditor::dialogIntegerSlider>(SoAuditorDispatch::CONTROLS),
   report<SoDialogRealSlider, &SoDialogAuditor::dialogRealSlider>(SoAuditorDispatch::CONTROLS),
+  report<SoMenuCheckBox, &SoDialogAuditor::menuCheckBox>(SoAuditorDispatch::WITH_MENUS),
+  report<SoMenuRadioButtons, &SoDialogAuditor::menuRadioButtons>(SoAuditorDispatch::WITH_MENUS),
+  report<SoMenuFileSelection, &SoDialogAuditor::menuFileSelection>(SoAuditorDispatch::WITH_MENUS),
+  {&SoMenuPushButton::getClassTypeId, callPushButton, SoAuditorDispatch::WITH_MENUS},
 };
 
 void callMatching(SoDialogAuditor* auditor, SoQuillform* caller, SoAuditorDispatch::Scope scope)

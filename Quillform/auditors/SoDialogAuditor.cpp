@@ -8,6 +8,9 @@
 #include <Quillform/controls/SoDialogPushButton.h>
 #include <Quillform/controls/SoDialogRadioButtons.h>
 #include <Quillform/controls/SoDialogRealSlider.h>
+#include <Quillform/menus/SoMenuCheckBox.h>
+#include <Quillform/menus/SoMenuFileSelection.h>
+#include <Quillform/menus/SoMenuRadioButtons.h>
 #include <Quillform/platform/SoPreferences.h>
 #include <string>
 
@@ -130,10 +133,41 @@ void SoDialogAuditor::dialogRadioButtons(SoDialogRadioButtons* cpt)
   }
 }
 
-// Nobody can call these yet: their elements are not registered, and each brings its trace along.
-void SoDialogAuditor::menuPushButton(SoMenuPushButton* /*cpt*/) {}
-void SoDialogAuditor::menuCheckBox(SoMenuCheckBox* /*cpt*/) {}
-void SoDialogAuditor::menuFileSelection(SoMenuFileSelection* /*cpt*/) {}
-void SoDialogAuditor::menuRadioButtons(SoMenuRadioButtons* /*cpt*/) {}
+void SoDialogAuditor::menuPushButton(SoMenuPushButton* cpt)
+{
+  if (UnhandledTrace::isWanted()) {
+    UnhandledTrace("SoMenuPushButton").field("label", cpt->label.getValue()).post("menuPushButton");
+  }
+}
+
+void SoDialogAuditor::menuCheckBox(SoMenuCheckBox* cpt)
+{
+  if (UnhandledTrace::isWanted()) {
+    UnhandledTrace("SoMenuCheckBox")
+      .field("label", cpt->label.getValue())
+      .field("onString", cpt->onString.getValue())
+      .post("menuCheckBox");
+  }
+}
+
+void SoDialogAuditor::menuFileSelection(SoMenuFileSelection* cpt)
+{
+  if (UnhandledTrace::isWanted()) {
+    UnhandledTrace("SoMenuFileSelection")
+      .field("title", cpt->title.getValue())
+      .field("filename", cpt->filename.getValue())
+      .post("menuFileSelection");
+  }
+}
+
+void SoDialogAuditor::menuRadioButtons(SoMenuRadioButtons* cpt)
+{
+  if (UnhandledTrace::isWanted()) {
+    UnhandledTrace("SoMenuRadioButtons")
+      .field("label", cpt->label.getValue())
+      .selected(cpt->selectedItem.getValue(), cpt->getSelectedText())
+      .post("menuRadioButtons");
+  }
+}
 
 void SoDialogAuditor::tabDialog(SoTabDialog* /*cpt*/) {}

@@ -2,7 +2,10 @@
 
 #include <Inventor/Qt/SoQt.h>
 #include <Inventor/SbPlane.h>
+#include <Inventor/SoPickedPoint.h>
+#include <Inventor/actions/SoHandleEventAction.h>
 #include <Inventor/errors/SoDebugError.h>
+#include <Inventor/events/SoMouseButtonEvent.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoSwitch.h>
@@ -40,10 +43,6 @@ constexpr int fewRows = 20; // that may change without a repaint of everything
 
 /// Heights over the dialog's plane.
 constexpr float frameFace = 1.0F;
-
-/// A launched dialog stands below its launcher's middle, in front of everything in the dialog around that, but not so
-/// far that it would look larger.
-const SbVec3f launchedPlace(0.0F, -16.0F, 40.0F);
 
 /// Tells when a window has been closed or hidden, which is not when it was minimised.
 class HideWatch : public QObject {
@@ -934,6 +933,24 @@ void SoTopLevelDialog::restore3DDialog()
 }
 
 // The pointer in the scene: the title bar drags the dialog, the button minimises it
+
+void SoTopLevelDialog::handleEvent(SoHandleEventAction* action)
+{
+  const SoTopComponent* bar = widgetHasMenuBar();
+  if (bar && SO_MOUSE_PRESS_EVENT(action->getEvent(), BUTTON1)) {
+    // A press on anything else closes an open menu, also on what has no use for the press itself.
+    SoQuillform* active = get3DCurrentActive();
+    const SoQuillform* around = active;
+    while (around && around != bar) {
+      around = around->getParent();
+    }
+    const SoPickedPoint* point = around ? action->getPickedPoint() : nullptr;
+    if (around && !(point && point->getPath()->containsNode(bar))) {
+      active->set3DInactive();
+    }
+  }
+  inherited::handleEvent(action);
+}
 
 void SoTopLevelDialog::press3D()
 {

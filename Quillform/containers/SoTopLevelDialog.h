@@ -211,6 +211,7 @@ public:
 
   /// \name 3D form
   /// @{
+  void handleEvent(SoHandleEventAction* action) override;
   void show3D(int show) override;
   SbBool shows3D(const SoQuillform* child) const override;
   void show3DChildren(int show);

@@ -103,14 +103,19 @@ void SoBoxModel::getTotal(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, int m
 SbVec2i32 SoBoxModel::getLeastSize(const Children& children, int spacing) const
 {
   SbVec2i32 least(0, 0);
+  bool hasRows = false;
   for (std::size_t i = 0; i < children.size(); i++) {
     const Entry& entry = m_entries[i];
     const SoDialogComponent* component = toComponent(children[i]);
     const SbVec2i32& needed = component && component->hasSizeAsMinimum() ? entry.size : entry.min;
-    const int height = std::min(needed[1], entry.max[1]);
-    const long long row = component ? std::max(height, leastRowHeight) : height;
     least[0] = std::max(least[0], std::min(needed[0], entry.max[0]));
-    least[1] = clampPixels(least[1] + row + (i > 0 ? spacing : 0));
+    if (!component) {
+      least[1] = clampPixels(static_cast<long long>(least[1]) + entry.size[1]); // a menu bar, which no gap follows
+      continue;
+    }
+    const long long row = std::max(std::min(needed[1], entry.max[1]), leastRowHeight);
+    least[1] = clampPixels(least[1] + row + (hasRows ? spacing : 0));
+    hasRows = true;
   }
   return least;
 }
@@ -186,7 +191,15 @@ std::vector<QRect> SoBoxModel::plan(const Children& children, const QSize& size,
                                     bool verticalCells) const
 {
   std::vector<QRect> rects;
-  createPlan(children, rects, spacing, margin, verticalCells)->setGeometry(QRect(QPoint(0, 0), size));
+  const std::unique_ptr<QBoxLayout> layout = createPlan(children, rects, spacing, margin, verticalCells);
+  QRect contents(QPoint(0, 0), size);
+  for (std::size_t i = 0; i < children.size(); i++) {
+    if (!toComponent(children[i])) { // a menu bar, which a window puts above its layout
+      rects[i] = QRect(contents.topLeft(), QSize(contents.width(), m_entries[i].size[1]));
+      contents.setTop(rects[i].bottom() + 1);
+    }
+  }
+  layout->setGeometry(contents);
   return rects;
 }
 

@@ -421,6 +421,11 @@ const SbVec3f& SoQuillform::get3DParentTranslation() const
   return m_parentTranslation;
 }
 
+SbVec3f SoQuillform::getLaunchPlace3D() const
+{
+  return get3DParentTranslation() + SbVec3f(0.0F, -16.0F, launchedHeight);
+}
+
 void SoQuillform::apply3DParentTranslation()
 {
   if (!m_parentTranslationNode) {

@@ -311,6 +311,10 @@ public:
   /// Lays the 3D form out again after the skin in force has changed.
   virtual void update3DAfterSkinChange();
 
+  /// Where the top-left corner of a dialog stands that this element launches: below the element's middle, in front of
+  /// everything in the dialog around it, but not so far that it would look larger.
+  virtual SbVec3f getLaunchPlace3D() const;
+
   void apply3DParentTranslation();
 
   /// The transform that takes back the motion accumulated between this element and \a node, a node of its own.
@@ -347,6 +351,9 @@ public:
   const SoChildElements* getChildElements() const;
 
 protected:
+  /// How far in front of its launcher a dialog stands, in scene units.
+  static constexpr float launchedHeight = 40.0F;
+
   /// Chooses the constructor of a base class that leaves the list of the kit's parts to the derived class, which makes
   /// it anew in any case.
   struct PartsLater {};

@@ -24,6 +24,16 @@
 #include <Quillform/core/SoDialogComponent.h>
 #include <Quillform/core/SoElementKinds.h>
 #include <Quillform/core/SoTopComponent.h>
+#include <Quillform/menus/SoMenuBar.h>
+#include <Quillform/menus/SoMenuCheckBox.h>
+#include <Quillform/menus/SoMenuCheckBoxLauncher.h>
+#include <Quillform/menus/SoMenuFileSelection.h>
+#include <Quillform/menus/SoMenuItem.h>
+#include <Quillform/menus/SoMenuPopup.h>
+#include <Quillform/menus/SoMenuPushButton.h>
+#include <Quillform/menus/SoMenuPushButtonLauncher.h>
+#include <Quillform/menus/SoMenuRadioButtons.h>
+#include <Quillform/menus/SoMenuSeparator.h>
 #include <iterator>
 
 namespace {
@@ -43,6 +53,15 @@ constexpr ElementClass elementClass()
 /// Registered forwards, unregistered backwards.
 const ElementClass classes[] = {
   elementClass<SoQuillform>(),
+  elementClass<SoMenuItem>(),
+  elementClass<SoMenuCheckBox>(),
+  elementClass<SoMenuCheckBoxLauncher>(),
+  elementClass<SoMenuPopup>(),
+  elementClass<SoMenuPushButton>(),
+  elementClass<SoMenuFileSelection>(),
+  elementClass<SoMenuPushButtonLauncher>(),
+  elementClass<SoMenuRadioButtons>(),
+  elementClass<SoMenuSeparator>(),
   elementClass<SoTopComponent>(),
   elementClass<SoDialogComponent>(),
   elementClass<SoDialogCheckBox>(),
@@ -63,15 +82,21 @@ const ElementClass classes[] = {
   elementClass<SoDialogSlider>(),
   elementClass<SoDialogIntegerSlider>(),
   elementClass<SoDialogRealSlider>(),
+  elementClass<SoMenuBar>(),
   elementClass<SoTopLevelDialog>(),
   elementClass<SoMessageDialog>(),
 };
 
 /// The order in which a switch of skins reaches the classes, after the text properties.
 void (*const skinSwitches[])() = {
-  &SoDialogComponent::change3DSkin,    &SoDialogCheckBox::change3DSkin,  &SoDialogComboBox::change3DSkin,
-  &SoDialogRadioButtons::change3DSkin, &SoDialogEditText::change3DSkin,  &SoTabDialog::change3DSkin,
-  &SoDialogPushButton::change3DSkin,   &SoDialogSeparator::change3DSkin, &SoDialogSlider::change3DSkin,
+  &SoMenuItem::change3DSkin,         &SoMenuCheckBox::change3DSkin,
+  &SoMenuPopup::change3DSkin,        &SoMenuPushButton::change3DSkin,
+  &SoMenuRadioButtons::change3DSkin, &SoMenuSeparator::change3DSkin,
+  &SoDialogComponent::change3DSkin,  &SoDialogCheckBox::change3DSkin,
+  &SoDialogComboBox::change3DSkin,   &SoDialogRadioButtons::change3DSkin,
+  &SoDialogEditText::change3DSkin,   &SoTabDialog::change3DSkin,
+  &SoDialogPushButton::change3DSkin, &SoDialogSeparator::change3DSkin,
+  &SoDialogSlider::change3DSkin,     &SoMenuBar::change3DSkin,
   &SoTopLevelDialog::change3DSkin,
 };
 

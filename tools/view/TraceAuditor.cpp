@@ -5,6 +5,9 @@
 #include <Quillform/controls/SoDialogEditText.h>
 #include <Quillform/controls/SoDialogPushButton.h>
 #include <Quillform/core/SoChildElements.h>
+#include <Quillform/menus/SoMenuCheckBox.h>
+#include <Quillform/menus/SoMenuFileSelection.h>
+#include <Quillform/menus/SoMenuRadioButtons.h>
 #include <cstdio>
 
 namespace {
@@ -62,6 +65,36 @@ void TraceAuditor::dialogEditText(SoDialogEditText* cpt)
   TraceLine("dialogEditText", cpt)
     .value("label", cpt->label.getValue())
     .value("editText", cpt->editText.getValue())
+    .print();
+}
+
+void TraceAuditor::menuPushButton(SoMenuPushButton* cpt)
+{
+  TraceLine("menuPushButton", cpt).value("label", cpt->label.getValue()).print();
+}
+
+void TraceAuditor::menuCheckBox(SoMenuCheckBox* cpt)
+{
+  TraceLine("menuCheckBox", cpt)
+    .value("label", cpt->label.getValue())
+    .value("state", cpt->state.getValue() ? "TRUE" : "FALSE")
+    .print();
+}
+
+void TraceAuditor::menuFileSelection(SoMenuFileSelection* cpt)
+{
+  TraceLine("menuFileSelection", cpt)
+    .value("label", cpt->label.getValue())
+    .value("fileDirectory", cpt->fileDirectory.getValue())
+    .value("filename", cpt->filename.getValue())
+    .print();
+}
+
+void TraceAuditor::menuRadioButtons(SoMenuRadioButtons* cpt)
+{
+  TraceLine("menuRadioButtons", cpt)
+    .value("selectedItem", SbString(cpt->selectedItem.getValue()))
+    .value("item", cpt->getSelectedText())
     .print();
 }
 

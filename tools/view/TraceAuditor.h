@@ -14,6 +14,10 @@ class TraceAuditor : public SoDialogAuditor {
 public:
   void dialogPushButton(SoDialogPushButton* cpt) override;
   void dialogEditText(SoDialogEditText* cpt) override;
+  void menuPushButton(SoMenuPushButton* cpt) override;
+  void menuCheckBox(SoMenuCheckBox* cpt) override;
+  void menuFileSelection(SoMenuFileSelection* cpt) override;
+  void menuRadioButtons(SoMenuRadioButtons* cpt) override;
 };
 
 /// Does the same for the tab dialogs, which report their pages to their own auditors only.

@@ -1,0 +1,48 @@
+#ifndef QUILLFORM_SO3DMENULINE_H
+#define QUILLFORM_SO3DMENULINE_H
+
+#include <Quillform/core/So3DText.h>
+
+class SoMaterial;
+class SoSeparator;
+class SoSwitch;
+
+/// What an open menu in the scene says in one line: a text at the left and the name of the shortcut at the right, on
+/// a plate that is shown while the line is held down.
+///
+/// The nodes belong to the group that they are attached to.
+class So3DMenuLine {
+public:
+  /// Where a line stands. Everything is in pixels.
+  struct Place {
+    QRect rect;           ///< of the line, from the top-left corner of a frame whose centre is the origin
+    SbVec2i32 frame;      ///< size of that frame
+    int text;             ///< left end of the text within the line
+    int shortcut;         ///< right end of the shortcut within the line
+    float plate, surface; ///< heights of the plate's foot and of what the texts stand on
+  };
+
+  /// Adds the line to \a group, which holds the text properties \a properties already. \a look, of the element, says
+  /// how a disabled text looks. \a heldPlate is the plate's geometry, nullptr for a line that has a plate of its own.
+  void attach(SoSeparator* group, SoGroup* properties, SoMaterial* look, SoGroup* heldPlate);
+  bool isAttached() const;
+
+  /// Both as they are displayed, Latin-1.
+  void setTexts(const SbString& text, const SbString& shortcut);
+
+  void place(const Place& place, int alignment, SoGetBoundingBoxAction* action);
+  void setHeld(bool held);
+
+  /// Forgets measured extents, after the font has changed.
+  void forgetExtents();
+
+private:
+  So3DText m_text;
+  So3DText m_shortcut;
+  SbString m_shownText; // measuring a text anew takes long
+  SbString m_shownShortcut;
+  SoSwitch* m_held = nullptr;     // shows the plate; nullptr without one
+  SoTransform* m_plate = nullptr; // of the plate
+};
+
+#endif // QUILLFORM_SO3DMENULINE_H

@@ -1,0 +1,81 @@
+#ifndef QUILLFORM_SOMENUPUSHBUTTON_H
+#define QUILLFORM_SOMENUPUSHBUTTON_H
+
+#include <Quillform/menus/SoMenuItem.h>
+
+class SoMenuPushButtonAuditor;
+class SoMenuQPushButton;
+
+/// A command in a menu.
+///
+/// \code
+/// MenuPushButton { auditorID "save" label "&Save" accelerator "Ctrl+S" }
+/// \endcode
+///
+/// File format, after the fields of SoQuillform, with the default:
+/// \code
+/// MenuPushButton {
+///   accelerator  ""   # SoSFString: shortcut, such as "Ctrl+Shift+S"; modifiers in any order
+/// }
+/// \endcode
+///
+/// Catalog, below `geomSwitch`:
+/// \code
+/// btnSep
+///   btnSwtch
+///     released         # public, child 0
+///     pressed          # public, child 1
+/// \endcode
+class QUILLFORM_API SoMenuPushButton : public SoMenuItem {
+  typedef SoMenuItem inherited;
+  SO_QUILLFORM_HEADER(SoMenuPushButton);
+  SO_KIT_CATALOG_ENTRY_HEADER(btnSep);
+  SO_KIT_CATALOG_ENTRY_HEADER(btnSwtch);
+  SO_KIT_CATALOG_ENTRY_HEADER(released);
+  SO_KIT_CATALOG_ENTRY_HEADER(pressed);
+
+public:
+  SoSFString accelerator; ///< shortcut; default empty
+
+  SoMenuPushButton();
+
+  SO_SKIN_HEADER();
+
+  using SoQuillform::addAuditor;
+  using SoQuillform::removeAuditor;
+  void addAuditor(SoMenuPushButtonAuditor* auditor);
+  void removeAuditor(SoMenuPushButtonAuditor* auditor);
+  void applyDlgCptAuditor() override;
+
+  void buildMenu(void* parentMenu, int asWidget, int index) override;
+  void menuEvent(void* action, int id) override;
+  void destroyWidget() override;
+  void updateFromSensor(SoSensor* sensor) override;
+  void changeEnable() override;
+  void changeLabel() override;
+  void changeAccelerator();
+
+  void insertMenuItem(int index); ///< makes the relay, with its action
+  void updateMenuItem() {}        ///< without effect
+
+  void create3DItem(int index) override;
+  void update3DItem() override;
+  void draggerFinishCallback3D() override;
+
+protected:
+  ~SoMenuPushButton() override;
+
+  SoGroup* getHeldPlate() const override;
+  SbString getShortcutText() const override;
+  void setHeld3D(int line, bool held) override;
+
+  /// What a choice in the scene does once the menus are closed.
+  virtual void choose3D();
+
+private:
+  QPointer<SoMenuQPushButton> m_relay;      // made by the first build
+  SbString m_refusedAccelerator;            // see getShortcut
+  SoTransform* m_buttonTransform = nullptr; // below btnSep, which owns it
+};
+
+#endif // QUILLFORM_SOMENUPUSHBUTTON_H

@@ -1,0 +1,45 @@
+#ifndef QUILLFORM_SOMENUSEPARATOR_H
+#define QUILLFORM_SOMENUSEPARATOR_H
+
+#include <Quillform/menus/SoMenuItem.h>
+
+/// A line between the entries of a menu.
+///
+/// It adds no fields to those of SoMenuItem.
+///
+/// Catalog, below `geomSwitch`:
+/// \code
+/// sepSep
+///   sepFrame           # public
+/// \endcode
+class QUILLFORM_API SoMenuSeparator : public SoMenuItem {
+  typedef SoMenuItem inherited;
+  SO_QUILLFORM_HEADER(SoMenuSeparator);
+  SO_KIT_CATALOG_ENTRY_HEADER(sepSep);
+  SO_KIT_CATALOG_ENTRY_HEADER(sepFrame);
+
+public:
+  SoMenuSeparator();
+
+  SO_SKIN_HEADER();
+
+  void buildMenu(void* parentMenu, int asWidget, int index) override;
+  SbVec2i32 getItemInitSize() override;
+
+  void insertMenuItem(int index); ///< adds a separator to the menu
+  void updateMenuItem() {}        ///< without effect
+
+  void create3DItem(int index) override;
+  void update3DItem() override;
+
+protected:
+  ~SoMenuSeparator() override;
+
+  SbString getShownText() const override;
+  int getLineUnderPointer3D() override;
+
+private:
+  SoTransform* m_lineTransform = nullptr; // below sepSep, which owns it
+};
+
+#endif // QUILLFORM_SOMENUSEPARATOR_H
