@@ -43,10 +43,12 @@
 #include <Quillform/core/SoTopComponent.h>
 #include <Quillform/menus/SoMenuBar.h>
 #include <Quillform/menus/SoMenuCheckBox.h>
+#include <Quillform/menus/SoMenuCheckBoxLauncher.h>
 #include <Quillform/menus/SoMenuFileSelection.h>
 #include <Quillform/menus/SoMenuItem.h>
 #include <Quillform/menus/SoMenuPopup.h>
 #include <Quillform/menus/SoMenuPushButton.h>
+#include <Quillform/menus/SoMenuPushButtonLauncher.h>
 #include <Quillform/menus/SoMenuRadioButtons.h>
 #include <Quillform/menus/SoMenuSeparator.h>
 #include <Quillform/platform/SbFileHelper.h>

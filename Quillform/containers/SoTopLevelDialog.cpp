@@ -760,8 +760,9 @@ void SoTopLevelDialog::create3DTopLevelDialog()
 SbVec3f SoTopLevelDialog::getOrigin()
 {
   // On screen, and so in the position fields, the y axis points down.
-  const SbVec3f place = getActivePosition().getValue();
-  return {place[0], -place[1], place[2]};
+  const SbVec3f& place = getActivePosition().getValue();
+  const SbVec3f origin(place[0], -place[1], place[2]);
+  return getParent() ? origin + getParent()->getLaunchPlace3D() : origin;
 }
 
 SoSFVec3f& SoTopLevelDialog::getActivePosition()

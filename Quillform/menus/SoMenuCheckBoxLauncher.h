@@ -13,9 +13,9 @@
 /// }
 /// \endcode
 ///
-/// It adds no fields to those of SoMenuCheckBox; the dialogs follow the fields. When the user switches it on or off, the
-/// auditors are called first, and then all dialogs are shown or hidden, in order, by what `state` is then. They are built
-/// when it is first used, even when `state` is TRUE before. In all else it is like SoDialogCheckBoxLauncher.
+/// It adds no fields to those of SoMenuCheckBox; the dialogs follow the fields. When the user switches it on or off,
+/// the auditors are called first, and then all dialogs are shown or hidden, in order, by what `state` is then. They are
+/// built when it is first used, even when `state` is TRUE before. In all else it is like SoDialogCheckBoxLauncher.
 class QUILLFORM_API SoMenuCheckBoxLauncher : public SoLauncher<SoMenuCheckBox> {
   typedef SoLauncher<SoMenuCheckBox> inherited;
   SO_QUILLFORM_HEADER(SoMenuCheckBoxLauncher);

@@ -329,6 +329,13 @@ void SoMenuItem::show3D(int show)
   inherited::show3D(show);
 }
 
+SbVec3f SoMenuItem::getLaunchPlaceBeside3D() const
+{
+  constexpr float gap = 8.0F;
+  const float right = static_cast<float>(m_itemSize[0]) * 0.5F + gap;
+  return get3DParentTranslation() + SbVec3f(right, static_cast<float>(itemHeight) * 0.5F, launchedHeight);
+}
+
 void SoMenuItem::closeMenus3D()
 {
   SoQuillform* outermost = nullptr;

@@ -121,6 +121,9 @@ protected:
   static constexpr int markColumn = 20;  ///< room for a mark left of the text
   static constexpr int arrowColumn = 14; ///< room for an arrow right of the shortcut
 
+  /// The place of a dialog that an entry launches: beside its menu, so that it does not cover what was pressed.
+  SbVec3f getLaunchPlaceBeside3D() const;
+
   QMenu* getParentMenu() const; ///< given to buildMenu; nullptr for an item of a bar and after Qt destroyed it
   QWidget* getParentMenuWidget() const;
 

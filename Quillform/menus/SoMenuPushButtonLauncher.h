@@ -13,9 +13,9 @@
 /// }
 /// \endcode
 ///
-/// It adds no fields to those of SoMenuPushButton; the dialogs follow the fields. When the entry is chosen, its auditors
-/// are called first, and then all dialogs are shown, in order. In the scene they open beside the menu as soon as the
-/// entry is pressed. In all else it is like SoDialogPushButtonLauncher.
+/// It adds no fields to those of SoMenuPushButton; the dialogs follow the fields. When the entry is chosen, its
+/// auditors are called first, and then all dialogs are shown, in order. In the scene they open beside the menu as soon
+/// as the entry is pressed. In all else it is like SoDialogPushButtonLauncher.
 class QUILLFORM_API SoMenuPushButtonLauncher : public SoLauncher<SoMenuPushButton> {
   typedef SoLauncher<SoMenuPushButton> inherited;
   SO_QUILLFORM_HEADER(SoMenuPushButtonLauncher);
