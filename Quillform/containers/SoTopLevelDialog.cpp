@@ -371,23 +371,8 @@ void SoTopLevelDialog::prepareSizes(int asWidget)
 void SoTopLevelDialog::leaveRoomForRows(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
 {
   // The rows of some controls need more than their minimum fields say; in a smaller window they would overlap.
-  const SoBoxModel::Children children = getComponents();
-  m_box.measure(children);
-  const SbVec2i32 needed = m_box.getLeastSize(children, m_layoutSpacing);
-  const SoSizingFields::Values authored = m_sizes.getAuthored();
-  for (std::size_t i = 0; i < 2; i++) {
-    if (authored[SoSizingFields::MIN_WIDTH + i] != 0) {
-      continue; // the author wants the window to become that small
-    }
-    const int axis = static_cast<int>(i);
-    const int largest = authored[SoSizingFields::MAX_WIDTH + i];
-    const int room = largest > 0 ? std::min(needed[axis], largest) : needed[axis];
-    if (room > min[axis]) {
-      min[axis] = room;
-      size[axis] = std::max(size[axis], room);
-      max[axis] = std::max(max[axis], room);
-    }
-  }
+  m_box.measure(getComponents());
+  SoBoxModel::leaveRoom(m_box.getLeastSize(m_layoutSpacing), m_sizes.getAuthored(), size, min, max);
 }
 
 void SoTopLevelDialog::computeNewChildrenHeight(SbVec2i32& newSize)

@@ -97,22 +97,6 @@ void SoDialogComboBox::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32
 
 // Building
 
-void SoDialogComboBox::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
-{
-  inherited::buildWidget(parent, size, position, asWidget);
-  fixItemsNumber();
-  if (asWidget != 0) {
-    createLabelWidget();
-    placeWidgets();
-  }
-  else {
-    create3DDialogComboBox();
-    update3D();
-  }
-  m_watched.watch(items);
-  m_watched.watch(selectedItem);
-}
-
 void SoDialogComboBox::createLabelWidget()
 {
   if (!takesFrame()) {
@@ -236,6 +220,11 @@ void SoDialogComboBox::changeEdgeStyle()
 }
 
 // The 3D form
+
+void SoDialogComboBox::create3DChoice()
+{
+  create3DDialogComboBox();
+}
 
 void SoDialogComboBox::create3DDialogComboBox()
 {
