@@ -237,6 +237,7 @@ void SoDialogComboBox::create3DDialogComboBox()
   fillFromSkin("itemFrame", getSkin().getPart("DialogComboBoxItemFrame"));
   m_frameTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("frameSep"));
   m_buttonTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("buttonSep"));
+  fadeWhenDisabled(makePart<SoSeparator>("buttonSep"));
   makePart<SoSwitch>("buttonSwitch")->whichChild = 0;
   create3DSideLabel("labelSwitch", "labelProp");
   fillFromSkin("textProp", SoTextSkin::getProperties());

@@ -275,7 +275,8 @@ TEST_F(ScenePictureTest, whatIsDisabledLosesItsColours)
       write("b.iv", "TopLevelDialog { " + kind.element + more + " } }\n");
       const QImage picture = draw({"--scene", "b.iv"});
       int number = 0;
-      for (int y = 0; y < picture.height(); y++) {
+      constexpr int title = 70; // its button is white whatever is below
+      for (int y = title; y < picture.height(); y++) {
         for (int x = 0; x < picture.width(); x++) {
           number += kind.colour(picture.pixel(x, y)) ? 1 : 0;
         }

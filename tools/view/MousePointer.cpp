@@ -2,6 +2,7 @@
 
 #include "DialogScene.h"
 #include "Failure.h"
+#include "QuietQt.h"
 #include <Inventor/SbViewportRegion.h>
 #include <Inventor/actions/SoHandleEventAction.h>
 #include <Inventor/events/SoMouseButtonEvent.h>
@@ -11,6 +12,7 @@
 #include <QPainter>
 #include <QWindow>
 #include <Quillform/containers/SoTopLevelDialog.h>
+#include <Quillform/controls/SoDialogCheckBox.h>
 #include <Quillform/core/SoDialogComponent.h>
 
 namespace {
@@ -20,6 +22,13 @@ namespace {
   throw Failure(Failure::BAD_FILE, QString("The element with auditorID \"%1\" is not in sight and cannot be pressed; "
                                            "open the page that it stands on in the file.")
                                      .arg(QString::fromLatin1(element->auditorID.getValue().getString())));
+}
+
+/// Where a control beside its label is pressed, from its middle: a check box is only its mark and its text.
+SbVec2i32 getPlace(const SoDialogComponent* element, const SbVec2i32& controlSize)
+{
+  constexpr int mark = 8; // from the left end
+  return {dynamic_cast<const SoDialogCheckBox*>(element) ? mark - controlSize[0] / 2 : 0, 0};
 }
 
 /// Gives a mouse event to the window system's own window, which finds the widget for it.
@@ -71,16 +80,22 @@ void MousePointer::useIn(QWidget* window) const
   if (m_presses.empty()) {
     return;
   }
+  // A platform without a display says that it can neither raise a list nor grab the keyboard for it.
+  const QuietQt quiet("The window cannot be operated here; draw it on a display.");
   QApplication::setActiveWindow(window); // else nothing has the focus
   for (const Press& press : m_presses) {
     QWidget* frame = press.element->getWidget();
     if (!frame || !frame->isVisible()) {
       failOutOfSight(press.element);
     }
-    const QPoint middle = frame->mapToGlobal(frame->rect().center());
-    send(window->windowHandle(), QEvent::MouseButtonPress, middle);
+    SbVec2i32 size(0, 0);
+    SbVec2i32 corner(0, 0);
+    press.element->get2DComponentSize(size, corner);
+    const SbVec2i32 place = corner + SbVec2i32(size[0] / 2, size[1] / 2) + getPlace(press.element, size);
+    const QPoint at = frame->mapToGlobal(QPoint(place[0], place[1]));
+    send(window->windowHandle(), QEvent::MouseButtonPress, at);
     if (press.isReleased) {
-      send(window->windowHandle(), QEvent::MouseButtonRelease, middle);
+      send(window->windowHandle(), QEvent::MouseButtonRelease, at);
     }
   }
 }
@@ -124,10 +139,16 @@ void MousePointer::useIn(DialogScene& scene, const QSize& picture) const
     if (!press.element->isShown3D()) {
       failOutOfSight(press.element);
     }
-    const SbVec2s middle = scene.project(press.element->get3DParentTranslation(), picture);
-    send(action, scene.getRoot(), SoButtonEvent::DOWN, middle);
+    SbVec2i32 size(0, 0);
+    SbVec2i32 middle(0, 0);
+    press.element->get3DComponentSize(size, middle);
+    const SbVec2i32 place = middle + getPlace(press.element, size);
+    const SbVec2s at = scene.project(press.element->get3DParentTranslation() +
+                                       SbVec3f(static_cast<float>(place[0]), static_cast<float>(place[1]), 0.0F),
+                                     picture);
+    send(action, scene.getRoot(), SoButtonEvent::DOWN, at);
     if (press.isReleased) {
-      send(action, scene.getRoot(), SoButtonEvent::UP, middle);
+      send(action, scene.getRoot(), SoButtonEvent::UP, at);
     }
   }
   scene.look(); // a list that has opened may reach beyond the dialog
