@@ -209,6 +209,24 @@ void SoDialogGroup::getDefaultFrameSize(SbVec2i32& size, SbVec2i32& min, SbVec2i
   fixSizeWithBorder(max, 1);
 }
 
+SbVec2i32 SoDialogGroup::getLeastFrameSize() const
+{
+  const int around = 2 * getPlannedMargin();
+  return m_box.getLeastSize(SoBoxModel::getLayoutSpacing(getSpacing())) + SbVec2i32(around, around);
+}
+
+void SoDialogGroup::leaveRoomForContents(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
+{
+  SoSizingFields::Values authored = getAuthoredSizes();
+  const SoSFBool* const fixed[] = {&fixedWidth, &fixedHeight};
+  for (std::size_t i = 0; i < 2; i++) {
+    if (fixed[i]->getValue() && authored[SoSizingFields::WIDTH + i] != 0) {
+      authored[SoSizingFields::MIN_WIDTH + i] = authored[SoSizingFields::WIDTH + i]; // that is the minimum, too
+    }
+  }
+  SoBoxModel::leaveRoom(getLeastFrameSize(), authored, size, min, max);
+}
+
 SoCellLimits SoDialogGroup::getCellLimits() const
 {
   SoCellLimits limits = inherited::getCellLimits();
@@ -305,10 +323,21 @@ SoPlannedContents SoDialogGroup::getPlannedContents()
 
 void SoDialogGroup::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
 {
-  inherited::buildWidget(parent, size, position, asWidget);
   m_box.clear(); // every build, of both forms, gives the first child the first pixel
-  // Only what the author asks for is spread here; what the container adds is spread by the layout.
-  distribute(m_ownSize, std::max(getAxis(), 0));
+  const SoSizingFields::Values authored = getAuthoredSizes();
+  SbVec2i32 total(0, 0);
+  SbVec2i32 min(0, 0);
+  SbVec2i32 max(0, 0);
+  if (std::find(authored.begin(), authored.end(), 0) == authored.end()) {
+    getDefaultSize(total, min, max); // measures the children; for getSize() there is nothing to ask for
+  }
+  inherited::buildWidget(parent, size, position, asWidget);
+  // Only what the author asks for is spread here; what the container adds is spread by the layout. The children are not
+  // measured anew: a frame whose minimum has just grown may have been laid out, and their fields say that size.
+  m_box.getTotal(total, min, max, margin.getValue(), getSpacing(), 0);
+  fixSizeWithBorder(total, 1);
+  const int axis = std::max(getAxis(), 0);
+  m_box.distribute(m_ownSize[axis], total[axis]);
   if (asWidget != 0) {
     updateChildren();
   }

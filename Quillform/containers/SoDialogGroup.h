@@ -61,6 +61,7 @@ public:
   void setComponentSize(SbVec2i32& size) override;
   SbVec2i32 getComponentInitSize() override;
   SbVec2i32 getLabelInitSize() override;
+  void leaveRoomForContents(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
   SoCellLimits getCellLimits() const override;
   SoPlannedContents getPlannedContents() override;
   void resetSize() override;
@@ -121,6 +122,9 @@ protected:
   /// 0 when the children stand side by side, 1 when they stand one below the other, -1 in a group that does not
   /// lay them out.
   virtual int getAxis() const;
+
+  /// The least size of the group's frame in which its children, as they were measured last, do not overlap.
+  virtual SbVec2i32 getLeastFrameSize() const;
 
   /// Room between consecutive children in pixels.
   virtual int getSpacing() const;

@@ -129,6 +129,7 @@ SbVec2i32 SoTabDialog::getComponentInitSize()
 void SoTabDialog::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
 {
   const SoBoxModel::Children pages = getComponents();
+  m_leastPage.setValue(0, 0);
   size.setValue(0, 0);
   min.setValue(0, 0);
   max.setValue(0, 0);
@@ -140,10 +141,12 @@ void SoTabDialog::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max
     SbVec2i32 pageMin(0, 0);
     SbVec2i32 pageMax(0, 0);
     page->getSize(pageSize, pageMin, pageMax);
+    const SbVec2i32 pageLeast = SoBoxModel::getLeastSizeOf(page, pageSize, pageMin, pageMax);
     for (int i = 0; i < 2; i++) {
       size[i] = std::max(size[i], pageSize[i]);
       min[i] = std::max(min[i], pageMin[i]);
       max[i] = std::max(max[i], pageMax[i]);
+      m_leastPage[i] = std::max(m_leastPage[i], pageLeast[i]);
     }
   }
   const auto around = static_cast<int>(std::clamp(2LL * margin.getValue(), -1LL * unbounded, 1LL * unbounded));
@@ -152,6 +155,18 @@ void SoTabDialog::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max
     min[i] += around;
     max[i] = max[i] > unbounded - around ? unbounded : max[i] + around;
   }
+}
+
+SbVec2i32 SoTabDialog::getLeastFrameSize() const
+{
+  // The window has its tabs above the pages whatever tabsLocation says, and both forms have one size.
+  constexpr int large = 1000; // what stands around the pages is the same for every size
+  QSize page(large, large);
+  for (const int side : {static_cast<int>(TOP), tabsLocation.getValue()}) {
+    page = page.boundedTo(SoTabPlan(QSize(large, large), side, getNumChildren() > 0).getPage().size());
+  }
+  const int around = large + 2 * SoTabPlan::inset;
+  return m_leastPage + SbVec2i32(around - page.width(), around - page.height());
 }
 
 void SoTabDialog::fixSizeWithBorder(SbVec2i32& size, int times)

@@ -155,6 +155,7 @@ protected:
 
 private:
   static void pageLabelChangedCB(void* data, SoSensor* sensor);
+  SbVec2i32 getLeastFrameSize() const override;
   void followPages();
   void updatePages();
   void followTabs();
@@ -169,7 +170,8 @@ private:
   std::vector<const SoTopComponent*> m_pages;               // when they last changed; only compared, they may be gone
   std::vector<const SoTopComponent*> m_tabs;                // the pages that have a tab in the window; likewise
   std::vector<std::unique_ptr<SoFieldSensor>> m_pageLabels; // tell when the label of a page changes
-  bool m_isFollowing = false; // the first build has begun: the selected page stays selected
+  bool m_isFollowing = false;  // the first build has begun: the selected page stays selected
+  SbVec2i32 m_leastPage{0, 0}; // what the pages, as they were measured last, may not go below
   So3DTabBar m_bar3D;
   SoTransform* m_frameTransform = nullptr;          // below frameSep, which owns it
   const SoDialogComponent* m_pressedPage = nullptr; // whose tab is held down in the scene; only compared

@@ -434,25 +434,10 @@ void SoTopLevelDialog::prepareSizes(int asWidget)
   }
 }
 
-void SoTopLevelDialog::leaveRoomForRows(const SoBoxModel::Children& children, SbVec2i32& size, SbVec2i32& min,
-                                        SbVec2i32& max) const
+void SoTopLevelDialog::leaveRoomForRows(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) const
 {
   // The rows of some controls need more than their minimum fields say; in a smaller window they would overlap.
-  const SbVec2i32 needed = m_box.getLeastSize(children, m_layoutSpacing);
-  const SoSizingFields::Values authored = m_sizes.getAuthored();
-  for (std::size_t i = 0; i < 2; i++) {
-    if (authored[SoSizingFields::MIN_WIDTH + i] != 0) {
-      continue; // the author wants the window to become that small
-    }
-    const int axis = static_cast<int>(i);
-    const int largest = authored[SoSizingFields::MAX_WIDTH + i];
-    const int room = largest > 0 ? std::min(needed[axis], largest) : needed[axis];
-    if (room > min[axis]) {
-      min[axis] = room;
-      size[axis] = std::max(size[axis], room);
-      max[axis] = std::max(max[axis], room);
-    }
-  }
+  SoBoxModel::leaveRoom(m_box.getLeastSize(m_layoutSpacing), m_sizes.getAuthored(), size, min, max);
 }
 
 void SoTopLevelDialog::computeNewChildrenHeight(SbVec2i32& newSize)
@@ -482,7 +467,7 @@ SbVec2i32 SoTopLevelDialog::chooseSize(const SbVec2i32& wanted)
       chosen[i] = wanted[i] < min[i] ? min[i] : std::min(wanted[i], max[i]);
     }
   }
-  leaveRoomForRows(children, chosen, min, max);
+  leaveRoomForRows(chosen, min, max);
   if (!resizable.getValue()) {
     min = max = chosen;
   }

@@ -271,7 +271,7 @@ private:
   void removeBaseWidget();
   void windowHidden();
   void prepareSizes(int asWidget);
-  void leaveRoomForRows(const SoBoxModel::Children& children, SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) const;
+  void leaveRoomForRows(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) const;
   SbVec2i32 chooseSize(const SbVec2i32& wanted);
   void applyLimits();
   bool hasWidgets() const;

@@ -261,6 +261,7 @@ void SoDialogCheckBox::create3DDialogCheckBox()
   fillFromSkin("stateOn", getSkin().getPart("DialogCheckBoxStateOn"));
   m_frameTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("frameSep"));
   m_stateTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("stateSep"));
+  fadeWhenDisabled(makePart<SoSeparator>("stateSep"));
   create3DSideLabel("labelSwitch", "labelProp");
   fillFromSkin("onOffStringProp", SoTextSkin::getProperties());
   m_text3D.attach(makePart<SoSeparator>("onOffStringSep"), makePart<SoGroup>("onOffStringProp"), getTextLook());
@@ -327,11 +328,8 @@ bool SoDialogCheckBox::usesKeys3D() const
   return true;
 }
 
-SbBool SoDialogCheckBox::pressKey3D(const SoKeyboardEvent* event)
+SbBool SoDialogCheckBox::pressWithKey3D()
 {
-  if (!So3DKeyboard::isPress(event)) {
-    return FALSE;
-  }
   draggerFinishCallback3D();
   return TRUE;
 }

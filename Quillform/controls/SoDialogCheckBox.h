@@ -81,7 +81,6 @@ public:
   void changeState();
   void changeOnOffString();
   void change3DLabelVisibility() override;
-  SbBool pressKey3D(const SoKeyboardEvent* event) override;
   virtual void change3DState();
   void change3DOnOffString();
 
@@ -103,6 +102,7 @@ protected:
   void placeWidgets() override;
   void update3D() override;
   bool usesKeys3D() const override;
+  SbBool pressWithKey3D() override;
   void release3D() override;
 
   /// Sets `state` without the reaction that a change from code has.

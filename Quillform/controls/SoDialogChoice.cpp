@@ -99,6 +99,17 @@ void SoDialogChoice::fixItemsNumber()
 void SoDialogChoice::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
 {
   inherited::buildWidget(parent, size, position, asWidget);
+  fixItemsNumber();
+  if (asWidget != 0) {
+    createLabelWidget();
+    placeWidgets();
+  }
+  else {
+    create3DChoice();
+    update3D();
+  }
+  m_watched.watch(items);
+  m_watched.watch(selectedItem);
 }
 
 // Reactions
@@ -155,6 +166,8 @@ void SoDialogChoice::updateFromSensor(SoSensor* sensor)
   }
 }
 
+void SoDialogChoice::createLabelWidget() {}
+void SoDialogChoice::create3DChoice() {}
 void SoDialogChoice::changeEnable() {}
 void SoDialogChoice::changeLabelAlignment() {}
 void SoDialogChoice::changeLabelVisibility() {}

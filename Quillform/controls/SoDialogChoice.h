@@ -73,11 +73,20 @@ public:
   virtual void change3DSelectedItem();
   virtual void change3DItems();
 
+  /// \name Steps of the build
+  /// What is there already is not made again.
+  /// @{
+  virtual void createLabelWidget(); ///< makes the relay, with all its widgets
+  /// @}
+
 protected:
   explicit SoDialogChoice(PartsLater later);
   ~SoDialogChoice() override;
 
   void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;
+
+  /// Makes the 3D form unless it is there already.
+  virtual void create3DChoice();
 
   /// The user has chosen the entry \a index in the scene.
   void chooseIn3D(int index);

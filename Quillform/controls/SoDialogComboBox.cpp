@@ -97,22 +97,6 @@ void SoDialogComboBox::getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32
 
 // Building
 
-void SoDialogComboBox::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
-{
-  inherited::buildWidget(parent, size, position, asWidget);
-  fixItemsNumber();
-  if (asWidget != 0) {
-    createLabelWidget();
-    placeWidgets();
-  }
-  else {
-    create3DDialogComboBox();
-    update3D();
-  }
-  m_watched.watch(items);
-  m_watched.watch(selectedItem);
-}
-
 void SoDialogComboBox::createLabelWidget()
 {
   if (!takesFrame()) {
@@ -237,6 +221,11 @@ void SoDialogComboBox::changeEdgeStyle()
 
 // The 3D form
 
+void SoDialogComboBox::create3DChoice()
+{
+  create3DDialogComboBox();
+}
+
 void SoDialogComboBox::create3DDialogComboBox()
 {
   if (m_frameTransform) {
@@ -248,6 +237,7 @@ void SoDialogComboBox::create3DDialogComboBox()
   fillFromSkin("itemFrame", getSkin().getPart("DialogComboBoxItemFrame"));
   m_frameTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("frameSep"));
   m_buttonTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("buttonSep"));
+  fadeWhenDisabled(makePart<SoSeparator>("buttonSep"));
   makePart<SoSwitch>("buttonSwitch")->whichChild = 0;
   create3DSideLabel("labelSwitch", "labelProp");
   fillFromSkin("textProp", SoTextSkin::getProperties());

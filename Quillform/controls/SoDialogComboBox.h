@@ -65,7 +65,6 @@ public:
 
   SO_SKIN_HEADER();
 
-  void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
   SbVec2i32 getComponentInitSize() override;
   void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
   void changeEnable() override;
@@ -93,13 +92,14 @@ public:
   /// \name Steps of the build
   /// What is there already is not made again.
   /// @{
-  void createLabelWidget();      ///< makes the relay, with all its widgets
-  void create3DDialogComboBox(); ///< makes the 3D form
+  void createLabelWidget() override; ///< makes the relay, with all its widgets
+  void create3DDialogComboBox();     ///< makes the 3D form
   /// @}
 
 protected:
   ~SoDialogComboBox() override;
 
+  void create3DChoice() override;
   void placeWidgets() override;
   QRect getSideLabelRect(int frameHeight) const override;
   void update3D() override;

@@ -517,6 +517,13 @@ void SoDialogEditText::change3DEditText()
     return;
   }
   So3DPlacement::place(m_frameTransform, getFrameRect3D(), get3DSize(), faceHeight);
+  setLines3D();
+  update3DScrollBars();
+  update3DTextPosition();
+}
+
+void SoDialogEditText::setLines3D()
+{
   const bool isMultiLine = multiLine.getValue() != FALSE;
   const QString text = withoutControls(SoText::toQt(getShownText()), isMultiLine);
   if (isMultiLine) {
@@ -525,8 +532,23 @@ void SoDialogEditText::change3DEditText()
   else {
     m_lines.setLine(text);
   }
-  update3DScrollBars();
+}
+
+void SoDialogEditText::update3DTextCache(int previousLine)
+{
+  if (!m_frameTransform) {
+    return;
+  }
+  // A line that is not wrapped may have outgrown its room.
+  if (multiLine.getValue() && (previousLine != m_lines.getNum() - 1 || !wrapLine.getValue())) {
+    update3DScrollBars();
+  }
   update3DTextPosition();
+}
+
+int SoDialogEditText::getRows3D() const
+{
+  return std::max(static_cast<int>(static_cast<float>(getTextRect3D().height()) / m_lines.getLineHeight()), 1);
 }
 
 void SoDialogEditText::update3DScrollBars()
@@ -536,13 +558,8 @@ void SoDialogEditText::update3DScrollBars()
   }
   const bool isMultiLine = multiLine.getValue() != FALSE;
   const bool isWide = isMultiLine && !wrapLine.getValue();
-  const auto room = static_cast<float>(getTextRect3D().width());
-  const float textWidth = isWide ? m_lines.getWidth() : 0.0F;
-  m_horizontal.bar.show(isWide && textWidth > room);
-
-  const float lineHeight = m_lines.getLineHeight();
-  const int rows = std::max(static_cast<int>(static_cast<float>(getTextRect3D().height()) / lineHeight), 1);
-  m_vertical.bar.show(isMultiLine && m_lines.getNum() > rows);
+  m_horizontal.bar.show(isWide && m_lines.getWidth() > static_cast<float>(getTextRect3D().width()));
+  m_vertical.bar.show(isMultiLine && m_lines.getNum() > getRows3D());
 
   const QRect rect = getFrameRect3D();
   const int barRight = m_vertical.bar.isShown() ? scrollBarSize : 0;
@@ -552,9 +569,20 @@ void SoDialogEditText::update3DScrollBars()
                        get3DSize(), height);
   m_horizontal.bar.place(QRect(rect.x(), rect.bottom() + 1 - scrollBarSize, rect.width() - barRight, scrollBarSize),
                          get3DSize(), height);
+  update3DCursors();
+}
+
+void SoDialogEditText::update3DCursors()
+{
+  if (!m_frameTransform) {
+    return;
+  }
+  const bool isMultiLine = multiLine.getValue() != FALSE;
+  const float lineHeight = m_lines.getLineHeight();
   m_vertical.bar.setRange(isMultiLine ? static_cast<float>(m_lines.getNum()) * lineHeight : 0.0F,
-                          static_cast<float>(rows) * lineHeight);
-  m_horizontal.bar.setRange(m_horizontal.bar.isShown() ? textWidth + roomAtEnd : 0.0F, room);
+                          static_cast<float>(getRows3D()) * lineHeight);
+  m_horizontal.bar.setRange(m_horizontal.bar.isShown() ? m_lines.getWidth() + roomAtEnd : 0.0F,
+                            static_cast<float>(getTextRect3D().width()));
 }
 
 void SoDialogEditText::update3DTextPosition()
@@ -815,7 +843,9 @@ void SoDialogEditText::setTextFromUser(const SbString& text)
     changeEditText();
   }
   if (isLive3D()) {
-    change3DEditText();
+    const int previousLine = m_lines.getNum() - 1;
+    setLines3D();
+    update3DTextCache(previousLine);
   }
   if (!trigOnEnter.getValue()) {
     applyDlgCptAuditor();

@@ -198,10 +198,14 @@ public:
   SbBool pressKey3D(const SoKeyboardEvent* event) override;
   void show3D(int show) override;
   void update3DAfterSkinChange() override;
-  void change3DEditText();           ///< lays the text out again
-  void update3DEditText();           ///< places everything but the label
-  void update3DLabel();              ///< places the label
-  void update3DScrollBars();         ///< shows the scroll bars that the text needs
+  void change3DEditText();   ///< lays the text out again
+  void update3DEditText();   ///< places everything but the label
+  void update3DLabel();      ///< places the label
+  void update3DScrollBars(); ///< shows the scroll bars that the text needs
+  void update3DCursors();    ///< gives the cursors of the scroll bars their lengths and places
+
+  /// Follows a text that the user has just changed: \a previousLine was the index of its last line before.
+  void update3DTextCache(int previousLine);
   void update3DTextScrollPosition(); ///< shows the lines to which the bars are scrolled
   void update3DTextPosition();       ///< scrolls to the end of a text that is being edited, and shows the caret
 
@@ -237,7 +241,9 @@ private:
   QRect getEditorRect(const SbVec2i32& frameSize) const;
   QRect getFrameRect3D() const;
   QRect getTextRect3D() const;
+  int getRows3D() const; // that have room in the frame
   SbString getShownText() const;
+  void setLines3D();
   void setTextFromUser(const SbString& text);
   void start3DEditing();
   void stop3DEditing();

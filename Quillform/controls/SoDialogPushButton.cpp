@@ -368,11 +368,8 @@ bool SoDialogPushButton::usesKeys3D() const
   return true;
 }
 
-SbBool SoDialogPushButton::pressKey3D(const SoKeyboardEvent* event)
+SbBool SoDialogPushButton::pressWithKey3D()
 {
-  if (!So3DKeyboard::isPress(event)) {
-    return FALSE;
-  }
   draggerStartCallback3D();
   draggerFinishCallback3D();
   return TRUE;

@@ -82,7 +82,6 @@ public:
   void change3DLabel() override;
   void change3DLabelAlignment() override;
   void change3DLabelVisibility() override;
-  SbBool pressKey3D(const SoKeyboardEvent* event) override;
   void change3DButtonLabel();
   void change3DButtonState(int state);
   void updateLabelWidget();  ///< places the label in the relay
@@ -112,6 +111,7 @@ protected:
   void placeWidgets() override;
   void update3D() override;
   bool usesKeys3D() const override;
+  SbBool pressWithKey3D() override;
   void press3D() override;
   void release3D() override;
 

@@ -106,22 +106,6 @@ bool SoDialogRadioButtons::hasSizeAsMinimum() const
 
 // Building
 
-void SoDialogRadioButtons::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
-{
-  inherited::buildWidget(parent, size, position, asWidget);
-  fixItemsNumber();
-  if (asWidget != 0) {
-    createLabelWidget();
-    placeWidgets();
-  }
-  else {
-    create3DDialogRadioButtons();
-    update3D();
-  }
-  m_watched.watch(items);
-  m_watched.watch(selectedItem);
-}
-
 void SoDialogRadioButtons::createLabelWidget()
 {
   if (!takesFrame()) {
@@ -237,6 +221,11 @@ void SoDialogRadioButtons::changeEdgeStyle()
 
 // The 3D form
 
+void SoDialogRadioButtons::create3DChoice()
+{
+  create3DDialogRadioButtons();
+}
+
 void SoDialogRadioButtons::create3DDialogRadioButtons()
 {
   if (m_frameTransform) {
@@ -259,6 +248,7 @@ void SoDialogRadioButtons::addRow(SoSeparator* node, SoSeparator* plate, SoSepar
                                   SoSeparator* text)
 {
   Row row{node, So3DPlacement::insertTransform(plate), So3DPlacement::insertTransform(mark), state, {}};
+  fadeWhenDisabled(mark);
   row.text.attach(text, makePart<SoGroup>("itemTextProp"), getTextLook());
   m_rows.push_back(row);
 }

@@ -59,7 +59,6 @@ public:
 
   SO_SKIN_HEADER();
 
-  void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
   void resetSize() override;
   SbVec2i32 getComponentInitSize() override;
   void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
@@ -88,13 +87,14 @@ public:
   /// \name Steps of the build
   /// What is there already is not made again.
   /// @{
-  void createLabelWidget();          ///< makes the relay, with all its widgets
+  void createLabelWidget() override; ///< makes the relay, with all its widgets
   void create3DDialogRadioButtons(); ///< makes the 3D form
   /// @}
 
 protected:
   ~SoDialogRadioButtons() override;
 
+  void create3DChoice() override;
   void placeWidgets() override;
   QRect getSideLabelRect(int frameHeight) const override;
   void update3D() override;

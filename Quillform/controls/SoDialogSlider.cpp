@@ -450,6 +450,9 @@ void SoDialogSlider::updateFromSensor(SoSensor* sensor)
 
 void SoDialogSlider::showValue()
 {
+  if (m_editing3D) {
+    m_editText3D = getFormat().printNumber(getShownValue()); // as in the window, another value replaces what is typed
+  }
   changeEditValue();
   change3DSliderValue();
 }
@@ -560,6 +563,8 @@ void SoDialogSlider::create3DDialogSlider()
   m_cursorTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("cursorSep"));
   m_valueTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("edtFrmSep"));
   create3DColors();
+  fadeWhenDisabled(makePart<SoSeparator>("sliderSep"));
+  fadeWhenDisabled(makePart<SoSeparator>("checkSep"));
   makePart<SoSwitch>("edtFrmSwtch")->whichChild = 0;
   create3DSideLabel("labelSwitch", "labelProp");
   fillFromSkin("editTextProp", SoTextSkin::getProperties());
@@ -730,7 +735,10 @@ void SoDialogSlider::change3DWidgetEnable(int enabled)
 void SoDialogSlider::show3D(int show)
 {
   inherited::show3D(show);
-  if (show == 0) {
+  if (show == 0 && m_pressed == BAR) {
+    dropUnfinished(); // the release will not come
+  }
+  else if (show == 0) {
     m_pressed = NOTHING;
     set3DInactive();
   }

@@ -18,8 +18,8 @@ int addMaximum(int sum, int max)
   return unbounded - max >= sum ? sum + max : sum;
 }
 
-/// The place of a component in a layout is at least this high, however low the component is.
-constexpr int leastRowHeight = 20;
+/// The place of a component in a layout is at least this long, however short the component is.
+constexpr int leastCellLength = 20;
 
 SoDialogComponent* toComponent(SoTopComponent* child)
 {
@@ -66,8 +66,14 @@ void SoBoxModel::measure(const Children& children)
   for (std::size_t i = 0; i < children.size(); i++) {
     Entry& entry = m_entries[i];
     children[i]->getSize(entry.size, entry.min, entry.max);
-    if (!toComponent(children[i])) {
+    entry.isBar = !toComponent(children[i]);
+    if (entry.isBar) {
       entry.max[1] = entry.min[1];
+      entry.least = entry.size; // higher than its bounds: a window puts it above its layout
+    }
+    else {
+      entry.least = getLeastSizeOf(children[i], entry.size, entry.min, entry.max);
+      entry.least[m_axis] = std::max(entry.least[m_axis], leastCellLength);
     }
   }
 }
@@ -100,24 +106,48 @@ void SoBoxModel::getTotal(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, int m
   }
 }
 
-SbVec2i32 SoBoxModel::getLeastSize(const Children& children, int spacing) const
+SbVec2i32 SoBoxModel::getLeastSizeOf(SoTopComponent* child, SbVec2i32 size, SbVec2i32 min, SbVec2i32 max)
 {
-  SbVec2i32 least(0, 0);
-  bool hasRows = false;
-  for (std::size_t i = 0; i < children.size(); i++) {
-    const Entry& entry = m_entries[i];
-    const SoDialogComponent* component = toComponent(children[i]);
-    const SbVec2i32& needed = component && component->hasSizeAsMinimum() ? entry.size : entry.min;
-    least[0] = std::max(least[0], std::min(needed[0], entry.max[0]));
-    if (!component) {
-      least[1] = clampPixels(static_cast<long long>(least[1]) + entry.size[1]); // a menu bar, which no gap follows
-      continue;
-    }
-    const long long row = std::max(std::min(needed[1], entry.max[1]), leastRowHeight);
-    least[1] = clampPixels(least[1] + row + (hasRows ? spacing : 0));
-    hasRows = true;
+  SoDialogComponent* component = toComponent(child);
+  if (component) {
+    component->leaveRoomForContents(size, min, max);
   }
-  return least;
+  const SbVec2i32& needed = component && component->hasSizeAsMinimum() ? size : min;
+  return {std::min(needed[0], max[0]), std::min(needed[1], max[1])};
+}
+
+SbVec2i32 SoBoxModel::getLeastSize(int spacing) const
+{
+  const int along = m_axis;
+  const int across = 1 - m_axis;
+  SbVec2i32 least(0, 0);
+  bool hasGap = false;
+  for (const Entry& entry : m_entries) {
+    least[across] = std::max(least[across], entry.least[across]);
+    const int gap = entry.isBar || !hasGap ? 0 : spacing; // none beside a menu bar
+    least[along] = clampPixels(static_cast<long long>(least[along]) + entry.least[along] + gap);
+    hasGap = hasGap || !entry.isBar;
+  }
+}
+return least;
+}
+
+void SoBoxModel::leaveRoom(const SbVec2i32& needed, const SoSizingFields::Values& authored, SbVec2i32& size,
+                           SbVec2i32& min, SbVec2i32& max)
+{
+  for (std::size_t i = 0; i < 2; i++) {
+    if (authored[SoSizingFields::MIN_WIDTH + i] != 0) {
+      continue; // the author wants the container to become that small
+    }
+    const int axis = static_cast<int>(i);
+    const int largest = authored[SoSizingFields::MAX_WIDTH + i];
+    const int room = largest > 0 ? std::min(needed[axis], largest) : needed[axis];
+    if (room > min[axis]) {
+      min[axis] = room;
+      size[axis] = std::max(size[axis], room);
+      max[axis] = std::max(max[axis], room);
+    }
+  }
 }
 
 void SoBoxModel::distribute(int length, int defaultLength)

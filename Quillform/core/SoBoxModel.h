@@ -5,6 +5,7 @@
 #include <QRect>
 #include <QSize>
 #include <Quillform/Export.h>
+#include <Quillform/core/SoSizingFields.h>
 #include <memory>
 #include <vector>
 
@@ -40,8 +41,15 @@ public:
   /// \a margin pixels on every side and \a spacing pixels between consecutive children.
   void getTotal(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max, int margin, int spacing, int menuBars) const;
 
-  /// The least size in which the measured \a children, with \a spacing pixels between them, do not overlap.
-  SbVec2i32 getLeastSize(const Children& children, int spacing) const;
+  /// The least size in which the measured children, with \a spacing pixels between them, do not overlap.
+  SbVec2i32 getLeastSize(int spacing) const;
+
+  /// What \a child may not go below in a layout, between the bounds that its getSize() gave.
+  static SbVec2i32 getLeastSizeOf(SoTopComponent* child, SbVec2i32 size, SbVec2i32 min, SbVec2i32 max);
+
+  /// Raises what a container chose to \a needed, unless its author wants it to become smaller.
+  static void leaveRoom(const SbVec2i32& needed, const SoSizingFields::Values& authored, SbVec2i32& size,
+                        SbVec2i32& min, SbVec2i32& max);
 
   /// Spreads the difference between \a length, along the axis, and the default length over the children, a
   /// pixel at a time, each within its bounds, starting where the last call stopped.
@@ -94,6 +102,8 @@ private:
     SbVec2i32 size{0, 0};
     SbVec2i32 min{0, 0};
     SbVec2i32 max{0, 0};
+    SbVec2i32 least{0, 0}; // of the cell
+    bool isBar = false;    // a menu bar
   };
   int m_axis;
   std::size_t m_cursor = 0; // the child that gets the next pixel

@@ -10,6 +10,7 @@
 #include <QScopedValueRollback>
 #include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
+#include <Quillform/core/SoElementKinds.h>
 #include <Quillform/core/SoPlannedItem.h>
 #include <Quillform/core/SoText.h>
 #include <algorithm>
@@ -111,6 +112,13 @@ void SoDialogComponent::getDefaultState(SbVec2i32& size, SbVec2i32& min, SbVec2i
   max.setValue(authored[4], authored[5]);
 }
 
+void SoDialogComponent::leaveRoomForContents(SbVec2i32& /*size*/, SbVec2i32& /*min*/, SbVec2i32& /*max*/) {}
+
+SoSizingFields::Values SoDialogComponent::getAuthoredSizes() const
+{
+  return m_sizes.isCaptured() ? m_sizes.getAuthored() : m_sizes.getValues();
+}
+
 void SoDialogComponent::restoreAuthoredSizes()
 {
   m_sizes.restore();
@@ -180,8 +188,11 @@ SbVec2i32 SoDialogComponent::getLabelInitSize()
 const SbVec2i32& SoDialogComponent::measureLabel() const
 {
   // A layout asks several times.
-  if (m_measuredFontGeneration != getFontGeneration() || m_measuredLabel != label.getValue()) {
+  const bool asOneLine = SoElementKinds::isSingleLineEdit(this); // which may change after the build
+  if (m_measuredFontGeneration != getFontGeneration() || m_measuredAsOneLine != asOneLine ||
+      m_measuredLabel != label.getValue()) {
     m_measuredFontGeneration = getFontGeneration();
+    m_measuredAsOneLine = asOneLine;
     m_measuredLabel = label.getValue();
     m_measuredSize = getLabelPixelSize(m_measuredLabel, this);
   }
@@ -236,6 +247,7 @@ SbVec2i32 SoDialogComponent::chooseSize(const SbVec2i32& wanted)
   SbVec2i32 min(0, 0);
   SbVec2i32 max(0, 0);
   getSize(chosen, min, max);
+  leaveRoomForContents(chosen, min, max);
   m_ownSize = chosen;
   for (int i = 0; i < 2; i++) {
     if (wanted[i] != 0) {
@@ -680,7 +692,12 @@ bool SoDialogComponent::usesKeys3D() const
   return false;
 }
 
-SbBool SoDialogComponent::pressKey3D(const SoKeyboardEvent* /*event*/)
+SbBool SoDialogComponent::pressKey3D(const SoKeyboardEvent* event)
+{
+  return So3DKeyboard::isPress(event) && pressWithKey3D();
+}
+
+SbBool SoDialogComponent::pressWithKey3D()
 {
   return FALSE;
 }

@@ -188,6 +188,10 @@ public:
   /// TRUE when the frame never gets smaller than the size chosen for it, whatever its minimum fields say.
   virtual bool hasSizeAsMinimum() const;
 
+  /// Raises what getSize() chose where what stands inside the frame would overlap: a layout goes down to the minimum.
+  /// The class itself holds nothing.
+  virtual void leaveRoomForContents(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
+
   /// How the component's frame stands in its cell.
   virtual SoCellLimits getCellLimits() const;
 
@@ -211,7 +215,8 @@ public:
   /// TRUE for an element that the user can operate with keys now.
   SbBool takesKeys3D() const;
 
-  /// Does what a key that went down means to the element. TRUE when it means something.
+  /// Does what a key that went down means to the element. TRUE when it means something. In this class the keys that
+  /// press a button press the element.
   virtual SbBool pressKey3D(const SoKeyboardEvent* event);
 
   /// What is outlined while the element has the keyboard, from the component's top-left corner.
@@ -239,6 +244,9 @@ protected:
 
   /// The class's size and bounds as getSize uses them: getDefaultSize, with what a class adds to it.
   virtual void getDefaultFrameSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
+
+  /// The sizing fields as the author set them.
+  SoSizingFields::Values getAuthoredSizes() const;
 
   /// The frame's minimum, as far as the maximum leaves room for it.
   QSize getSmallestSize() const;
@@ -287,6 +295,9 @@ protected:
   /// TRUE for a class of elements that has a use for keys.
   virtual bool usesKeys3D() const;
 
+  /// The user presses the element with a key. FALSE when it cannot be pressed.
+  virtual SbBool pressWithKey3D();
+
   /// Lays out the 3D form of a derived class; called after every 3D build and change of skin.
   virtual void update3D();
 
@@ -323,8 +334,9 @@ private:
   QPointer<QBoxLayout> m_cell;           // the component's place in its parent's layout
   std::unique_ptr<QSpacerItem> m_spacer; // waits for the frame, then belongs to the cell
   SoSizingFields m_sizes;                // the sizing fields, with what the author gave them
-  mutable SbString m_measuredLabel;      // what measureLabel() measured last, in which font
+  mutable SbString m_measuredLabel;      // what measureLabel() measured last
   mutable int m_measuredFontGeneration = -1;
+  mutable bool m_measuredAsOneLine = false;
   mutable SbVec2i32 m_measuredSize{0, 0}; // and what came out
   WidgetBuild m_widgetBuild;              // the last one
   So3DText m_sideLabel3D;                 // the label in the scene

@@ -13,6 +13,7 @@
 #include <Inventor/nodes/SoPickStyle.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoSwitch.h>
+#include <Inventor/nodes/SoTexture2.h>
 #include <Inventor/nodes/SoTransform.h>
 #include <Inventor/nodes/SoTranslation.h>
 #include <Inventor/projectors/SbPlaneProjector.h>
@@ -83,6 +84,9 @@ SoQuillform::~SoQuillform()
   }
   if (m_textLook) {
     m_textLook->unref();
+  }
+  if (m_fade) {
+    m_fade->unref();
   }
   --s_instanceCount;
 }
@@ -341,9 +345,35 @@ void SoQuillform::apply3DUsability(bool usable, int pickStyle)
   m_textLook->diffuseColor.setIgnored(usable);
   m_textLook->emissiveColor.setIgnored(usable);
   m_textLook->touch();
+  showFade(!usable);
   if (!usable) {
     So3DKeyboard::release(this);
   }
+}
+
+void SoQuillform::showFade(bool shown)
+{
+  if (m_fade) {
+    m_fade->whichChild = shown ? SO_SWITCH_ALL : SO_SWITCH_NONE;
+  }
+}
+
+void SoQuillform::fadeWhenDisabled(SoGroup* group)
+{
+  if (!m_fade) {
+    // Every colour that the skin or the author chose is mixed with grey. A material could only replace it, and what
+    // tells the states of an element apart would be gone.
+    constexpr unsigned char share = 166; // of the grey, of 255
+    auto* grey = new SoTexture2;
+    grey->image.setValue(SbVec2s(1, 1), 1, &share);
+    grey->model = SoTexture2::BLEND;
+    grey->blendColor = SbColor(0.55F, 0.55F, 0.55F);
+    m_fade = new SoSwitch;
+    m_fade->ref();
+    m_fade->addChild(grey);
+    showFade(!(enable.getValue() && m_enabledByParents));
+  }
+  group->insertChild(m_fade, 0);
 }
 
 SoMaterial* SoQuillform::getTextLook() const

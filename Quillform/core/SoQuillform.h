@@ -387,6 +387,9 @@ protected:
   /// What every text of the element draws after its text properties: the colour of a disabled text.
   SoMaterial* getTextLook() const;
 
+  /// Makes what \a group draws lose its colours while the element is disabled.
+  void fadeWhenDisabled(SoGroup* group);
+
   SoGetBoundingBoxAction* getBoundingBoxAction(); ///< made on first use, kept by the node
   SoSearchAction* getSearchAction();              ///< likewise
   SoGetMatrixAction* getMatrixAction();           ///< likewise
@@ -417,6 +420,7 @@ private:
   static void motionCB3D(void* data, SoDragger* dragger);
   static void finishCB3D(void* data, SoDragger* dragger);
   void apply3DUsability(bool usable, int pickStyle);
+  void showFade(bool shown);
   bool isAuthorPart(int partNumber) const;
   void adoptReadParts();
   int countWrittenChildren(SoWriteAction* action) const; // along a path up to the one on it, else all
@@ -432,6 +436,7 @@ private:
   SoPickStyle* m_pickStyle = nullptr;                  // below geomSwitch, which owns it
   SoMaterial* m_material = nullptr;                    // below geomSwitch, which owns it
   SoMaterial* m_textLook = nullptr;                    // see getTextLook, referenced
+  SoSwitch* m_fade = nullptr;                          // see fadeWhenDisabled, referenced
   SoTranslation* m_parentTranslationNode = nullptr;    // below geomSeparator, which owns it
   SbBox3f m_labelBox;                                  // cached extent of the label's 3D text
   std::set<std::string> m_skinParts;                   // parts that hold the skin's geometry, not the author's

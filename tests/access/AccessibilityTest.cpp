@@ -13,6 +13,8 @@
 #include <Quillform/Quillform.h>
 #include <Quillform/platform/SoQtBasicSlider.h>
 #include <support/TestFiles.h>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -32,6 +34,46 @@ std::string nameOf(QWidget* widget)
   }
   return interface->text(QAccessible::Name).toStdString();
 }
+
+/// What screen readers are told while it lives.
+class Announcements {
+public:
+  Announcements() : m_wasActive(QAccessible::isActive())
+  {
+    values().clear();
+    QAccessible::setActive(true);
+    m_previous = QAccessible::installUpdateHandler(hear);
+  }
+  ~Announcements()
+  {
+    QAccessible::installUpdateHandler(m_previous);
+    QAccessible::setActive(m_wasActive);
+  }
+  Announcements(const Announcements&) = delete;
+  Announcements& operator=(const Announcements&) = delete;
+
+  /// The values of bars that were announced since the last call.
+  static std::vector<double> take()
+  {
+    return std::exchange(values(), {});
+  }
+
+private:
+  static std::vector<double>& values()
+  {
+    static std::vector<double> announced;
+    return announced;
+  }
+  static void hear(QAccessibleEvent* event)
+  {
+    if (event->type() == QAccessible::ValueChanged && dynamic_cast<SoQtBasicSlider*>(event->object())) {
+      values().push_back(static_cast<QAccessibleValueChangeEvent*>(event)->value().toDouble());
+    }
+  }
+
+  bool m_wasActive;
+  QAccessible::UpdateHandler m_previous = nullptr;
+};
 
 /// Counts what sliders report.
 struct Heard : SoDialogAuditor {
@@ -199,6 +241,32 @@ TEST_F(AccessibilityTest, theBarGivesTheValueOnTheScaleOfItsSlider)
   EXPECT_EQ(integer->minimumValue().toInt(), 10);
   EXPECT_EQ(integer->maximumValue().toInt(), 20);
   EXPECT_NEAR(integer->minimumStepSize().toDouble(), 1.0, 1e-6);
+}
+
+TEST_F(AccessibilityTest, theBarAnnouncesEveryNewValueOnce)
+{
+  typedef std::vector<double> Values;
+  open("DialogRealSlider { min -1 max 9 value 0.5 } DialogIntegerSlider { min 10 max 20 value 13 }");
+  auto* real = static_cast<SoDialogRealSlider*>(dialog->getChild(0));
+  auto* integer = static_cast<SoDialogIntegerSlider*>(dialog->getChild(1));
+  const Announcements announcements;
+  QTest::keyClick(in<SoQtBasicSlider>(1), Qt::Key_Right);
+  EXPECT_EQ(integer->value.getValue(), 14);
+  EXPECT_EQ(Announcements::take(), Values{14.0});
+  QTest::keyClick(in<SoQtBasicSlider>(1), Qt::Key_End);
+  EXPECT_EQ(Announcements::take(), Values{20.0});
+  QTest::keyClick(in<SoQtBasicSlider>(1), Qt::Key_End); // stands there already
+  EXPECT_EQ(Announcements::take(), Values{});
+  real->value = 2.5F; // by code
+  EXPECT_EQ(Announcements::take(), Values{2.5});
+  real->value = 2.5F;
+  EXPECT_EQ(Announcements::take(), Values{});
+  real->max = 19.0F; // the bar moves, the value stays
+  EXPECT_EQ(Announcements::take(), Values{});
+  auto* edit = in<QLineEdit>(1);
+  edit->setText("12");
+  QTest::keyClick(edit, Qt::Key_Return);
+  EXPECT_EQ(Announcements::take(), Values{12.0});
 }
 
 TEST_F(AccessibilityTest, settingTheValueOfTheBarIsAnActionOfTheUser)

@@ -9,40 +9,12 @@
 #include <QTextEdit>
 #include <Quillform/Quillform.h>
 #include <Quillform/platform/SoQtBasicSlider.h>
+#include <support/HeardElements.h>
 #include <support/TestFiles.h>
 
 namespace {
 
 typedef std::vector<std::string> Names;
-
-/// Writes down whom it hears of.
-struct Heard : SoDialogAuditor {
-  void dialogPushButton(SoDialogPushButton* cpt) override
-  {
-    note(cpt);
-  }
-  void dialogCheckBox(SoDialogCheckBox* cpt) override
-  {
-    note(cpt);
-  }
-  void dialogComboBox(SoDialogComboBox* cpt) override
-  {
-    note(cpt);
-  }
-  void dialogRadioButtons(SoDialogRadioButtons* cpt) override
-  {
-    note(cpt);
-  }
-  void dialogRealSlider(SoDialogRealSlider* cpt) override
-  {
-    note(cpt);
-  }
-  void note(SoQuillform* cpt)
-  {
-    ids.emplace_back(cpt->auditorID.getValue().getString());
-  }
-  Names ids;
-};
 
 std::string edit(const std::string& id)
 {
@@ -130,7 +102,7 @@ protected:
   }
 
   SoTopLevelDialog* dialog = nullptr;
-  Heard heard;
+  HeardElements heard;
 };
 
 // The order

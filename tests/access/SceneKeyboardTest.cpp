@@ -8,49 +8,13 @@
 #include <forms/Plan.h>
 #include <functional>
 #include <support/Choices.h>
+#include <support/HeardElements.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
 
 namespace {
 
 typedef std::vector<std::string> Names;
-
-/// Writes down whom it hears of, and then does what the test wants.
-struct Heard : SoDialogAuditor {
-  void dialogPushButton(SoDialogPushButton* cpt) override
-  {
-    note(cpt);
-  }
-  void dialogCheckBox(SoDialogCheckBox* cpt) override
-  {
-    note(cpt);
-  }
-  void dialogComboBox(SoDialogComboBox* cpt) override
-  {
-    note(cpt);
-  }
-  void dialogRadioButtons(SoDialogRadioButtons* cpt) override
-  {
-    note(cpt);
-  }
-  void dialogRealSlider(SoDialogRealSlider* cpt) override
-  {
-    note(cpt);
-  }
-  void dialogEditText(SoDialogEditText* cpt) override
-  {
-    note(cpt);
-  }
-  void note(SoQuillform* cpt)
-  {
-    ids.emplace_back(cpt->auditorID.getValue().getString());
-    if (action) {
-      action();
-    }
-  }
-  Names ids;
-  std::function<void()> action;
-};
 
 std::string button(const std::string& id)
 {
@@ -157,7 +121,7 @@ protected:
 
   SoTopLevelDialog* dialog = nullptr;
   Scene scene;
-  Heard heard;
+  HeardElements heard;
   int passedOn = 0; // key events that the application got
 };
 

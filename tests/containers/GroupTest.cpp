@@ -3,23 +3,13 @@
 #include <QPushButton>
 #include <QTest>
 #include <Quillform/Quillform.h>
+#include <forms/Plan.h>
+#include <support/HeardElements.h>
 #include <support/Messages.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
 
 namespace {
-
-struct Heard : SoDialogAuditor {
-  void dialogPushButton(SoDialogPushButton* cpt) override
-  {
-    ids.emplace_back(cpt->auditorID.getValue().getString());
-  }
-  void dialogCheckBox(SoDialogCheckBox* cpt) override
-  {
-    ids.emplace_back(cpt->auditorID.getValue().getString());
-  }
-  std::vector<std::string> ids;
-};
 
 /// A component with bounds of its own.
 SoDialogLabel* labelWithMaximum(int maxHeight)
@@ -27,12 +17,6 @@ SoDialogLabel* labelWithMaximum(int maxHeight)
   auto* label = new SoDialogLabel;
   label->maxHeight = maxHeight;
   return label;
-}
-
-QRect inWindow(SoTopLevelDialog* dialog, SoDialogComponent* component)
-{
-  QWidget* widget = component->getWidget();
-  return {widget->mapTo(dialog->getWidget(), QPoint(0, 0)), widget->size()};
 }
 
 /// The rectangle of a component's 3D frame, from the top-left corner of its dialog's contents.
@@ -48,18 +32,6 @@ QRectF inScene(SoDialogComponent* component)
 
 class GroupTest : public QuillformTest {
 protected:
-  /// Opens a dialog in the window.
-  SoTopLevelDialog* open(const std::string& text)
-  {
-    SoTopLevelDialog* dialog = load(text);
-    if (dialog) {
-      dialog->buildDialog(nullptr, FALSE);
-      dialog->show();
-      settle();
-    }
-    return dialog;
-  }
-
   template <class Element>
   static Element* find(SoTopLevelDialog* dialog, const char* id)
   {
@@ -102,7 +74,7 @@ TEST_F(GroupTest, theColumnsOfAColumnDialogKeepTheirWidths)
   auto* a = find<SoDialogPushButton>(dialog, "a");
   auto* b = find<SoDialogPushButton>(dialog, "b");
   EXPECT_LT(a->getComponentSize()[0], b->getComponentSize()[0]);
-  EXPECT_EQ(inWindow(dialog, a).right() + 1, inWindow(dialog, b).left());
+  EXPECT_EQ(Plan::inWindow(dialog, a).right(), Plan::inWindow(dialog, b).left());
   auto* column = find<SoColumnDialog>(dialog, "c");
   EXPECT_EQ(column->getWidget()->layout()->objectName(), "ZEPSoColumnDialogLayout");
 }
@@ -214,7 +186,7 @@ TEST_F(GroupTest, theControlsOfADisabledGroupCannotBePickedInTheScene)
 {
   SoTopLevelDialog* dialog = load("TopLevelDialog { RowDialog { auditorID \"r\" enable FALSE "
                                   "DialogPushButton { auditorID \"a\" buttonLabel \"A\" } } }");
-  Heard heard;
+  HeardElements heard;
   dialog->addAuditor(&heard);
   Scene scene;
   scene.open(dialog);
@@ -230,12 +202,12 @@ TEST_F(GroupTest, aGroupsAuditorHearsInsteadOfTheDialogs)
 {
   SoTopLevelDialog* dialog = open("TopLevelDialog { RowDialog { auditorID \"r\" "
                                   "DialogPushButton { auditorID \"a\" buttonLabel \"A\" } } }");
-  Heard outer;
+  HeardElements outer;
   dialog->addAuditor(&outer);
   QPushButton* button = find<SoDialogPushButton>(dialog, "a")->getWidget()->findChild<QPushButton*>();
   QTest::mouseClick(button, Qt::LeftButton);
   EXPECT_EQ(outer.ids.size(), 1U);
-  Heard inner;
+  HeardElements inner;
   find<SoRowDialog>(dialog, "r")->addAuditor(&inner);
   QTest::mouseClick(button, Qt::LeftButton);
   EXPECT_EQ(outer.ids.size(), 1U);
@@ -247,7 +219,7 @@ TEST_F(GroupTest, applyAuditorsReachesEveryControlOnceInOrder)
   SoTopLevelDialog* dialog = load("TopLevelDialog { DialogPushButton { auditorID \"a\" } "
                                   "RowDialog { DialogCheckBox { auditorID \"b\" } ColumnDialog { "
                                   "DialogPushButton { auditorID \"c\" } } } DialogPushButton { auditorID \"d\" } }");
-  Heard heard;
+  HeardElements heard;
   dialog->addAuditor(&heard);
   dialog->applyAuditors();
   EXPECT_EQ(heard.ids, (std::vector<std::string>{"a", "b", "c", "d"}));
@@ -291,6 +263,30 @@ TEST_F(GroupTest, aGroupInsideWhichAPlaceWasLostCanStillBeNamed)
   EXPECT_EQ(dialog->getNumChildren(), 1);
 }
 
+TEST_F(GroupTest, aMinimumThatGrowsWhileTheWindowIsOpenGivesThePlanOfAWindowOpenedAnew)
+{
+  // The separator's minimum is more than it can have: its neighbours get what that makes the group larger.
+  SoTopLevelDialog* dialog = open("TopLevelDialog { width 400 height 400 RowDialog { "
+                                  "DialogRadioButtons { items [ \"a\", \"b\" ] } "
+                                  "DialogSeparator { auditorID \"s\" } ColumnDialog { DialogCustom { } } } }");
+  find<SoDialogSeparator>(dialog, "s")->minHeight = 300;
+  dialog->updateAfterSceneGraphChange();
+  settle();
+  auto* fresh = static_cast<SoTopLevelDialog*>(dialog->copy());
+  fresh->ref();
+  fresh->buildDialog(nullptr, FALSE);
+  fresh->show();
+  settle();
+  EXPECT_GT(dialog->getWidget()->height(), 400);
+  const std::vector<QRectF> plan = Plan::windowPlan(dialog);
+  const std::vector<QRectF> freshPlan = Plan::windowPlan(fresh);
+  ASSERT_EQ(plan.size(), freshPlan.size());
+  for (std::size_t i = 0; i < plan.size(); i++) {
+    EXPECT_EQ(plan[i], freshPlan[i]) << i << ": " << Plan::toString(plan[i]) << Plan::toString(freshPlan[i]);
+  }
+  fresh->unref();
+}
+
 TEST_F(GroupTest, bothFormsHaveTheSamePlan)
 {
   const char* const text =
@@ -312,7 +308,7 @@ TEST_F(GroupTest, bothFormsHaveTheSamePlan)
     for (int i = 0; window->getChildElements() && i < window->getChildElements()->getNum(); i++) {
       auto* a = static_cast<SoDialogComponent*>(window->getChildElements()->get(i));
       auto* b = static_cast<SoDialogComponent*>(inTheScene->getChildElements()->get(i));
-      EXPECT_EQ(QRectF(inWindow(dialog, a)), inScene(b)) << a->getTypeId().getName().getString() << " " << i;
+      EXPECT_EQ(Plan::inWindow(dialog, a), inScene(b)) << a->getTypeId().getName().getString() << " " << i;
       ++compared;
       compare(a, b);
     }

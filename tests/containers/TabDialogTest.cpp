@@ -162,17 +162,6 @@ SbVec2i32 initSizeOf(SoTabDialog* tabs)
 
 class TabDialogTest : public QuillformTest {
 protected:
-  SoTopLevelDialog* open(const std::string& text)
-  {
-    SoTopLevelDialog* dialog = load(text);
-    if (dialog) {
-      dialog->buildDialog(nullptr, FALSE);
-      dialog->show();
-      settle();
-    }
-    return dialog;
-  }
-
   static SoTabDialog* tabsOf(SoTopLevelDialog* dialog)
   {
     return dynamic_cast<SoTabDialog*>(dialog->getChild(0));

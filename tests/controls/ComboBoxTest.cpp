@@ -37,53 +37,26 @@ SbVec2i32 pixelSize(const char* text, SoQuillform* element)
 
 } // namespace
 
-class ComboBoxTest : public QuillformTest {
+class ComboBoxTest : public Choices::Test<SoDialogComboBox> {
 protected:
-  /// A dialog with one combo box of three entries and what \a more adds to its fields.
-  SoDialogComboBox* open(const std::string& more = "selectedItem 1")
-  {
-    loadOne(more);
-    m_dialog->buildDialog(nullptr, FALSE);
-    m_dialog->show();
-    return m_combo;
-  }
-
-  SoDialogComboBox* open3D(const std::string& more = "selectedItem 1")
-  {
-    loadOne(more);
-    m_scene.open(m_dialog);
-    return m_combo;
-  }
-
-  void loadOne(const std::string& more)
-  {
-    m_dialog = load("TopLevelDialog { DialogComboBox { items [ \"a\", \"b\", \"c\" ] " + more + " } }");
-    ASSERT_NE(m_dialog, nullptr);
-    m_combo = static_cast<SoDialogComboBox*>(m_dialog->getChild(0));
-  }
-
   bool isListOpen() const
   {
-    return Choices::shownChild(m_combo, "itemsSwitch") == SO_SWITCH_ALL;
+    return Choices::shownChild(m_choice, "itemsSwitch") == SO_SWITCH_ALL;
   }
 
   void pressBox()
   {
-    m_scene.click(Choices::middleOf(m_scene, m_dialog, m_combo, "frameSep"));
+    m_scene.click(Choices::middleOf(m_scene, m_dialog, m_choice, "frameSep"));
   }
 
   /// The middle of an entry of the open list, \a row of \a rows in sight.
   SbVec2s entry(int row, int rows)
   {
-    const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_combo, "itemsSwitch"));
+    const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_choice, "itemsSwitch"));
     const float height = list.getMax()[1] - list.getMin()[1];
     return m_scene.pixel(list.getMin()[0] + 8.0F, // a scroll bar takes the right part of a narrow list
                          list.getMax()[1] - height * (static_cast<float>(row) + 0.5F) / static_cast<float>(rows));
   }
-
-  SoTopLevelDialog* m_dialog = nullptr;
-  SoDialogComboBox* m_combo = nullptr;
-  Scene m_scene;
 };
 
 // The window
@@ -96,8 +69,8 @@ TEST_F(ComboBoxTest, theWindowShowsTheEntriesAndTheChosenOne)
   ASSERT_EQ(box->count(), 3);
   EXPECT_EQ(box->itemText(2), "c");
   EXPECT_EQ(box->currentText(), "b");
-  EXPECT_EQ(m_combo->getWidget()->objectName(), "ZEPSoDialogQComboBoxFrame");
-  auto* label = m_combo->getWidget()->findChild<QLabel*>("ZEPSoDialogQComboBoxLabelWidget");
+  EXPECT_EQ(m_choice->getWidget()->objectName(), "ZEPSoDialogQComboBoxFrame");
+  auto* label = m_choice->getWidget()->findChild<QLabel*>("ZEPSoDialogQComboBoxLabelWidget");
   ASSERT_NE(label, nullptr);
   EXPECT_EQ(label->text(), "Unit");
   EXPECT_TRUE(Choices::hasDialogFont(box));
@@ -403,7 +376,7 @@ TEST_F(ComboBoxTest, theListLiesInFrontOfEverythingElseAndTakesItsPresses)
                   " RowDialog { ColumnDialog { edgeStyle SHADOW_OUT DialogPushButton { buttonLabel \"OK\" height 60 }"
                   " } } }");
   ASSERT_NE(m_dialog, nullptr);
-  m_combo = static_cast<SoDialogComboBox*>(m_dialog->getChild(0));
+  m_choice = static_cast<SoDialogComboBox*>(m_dialog->getChild(0));
   struct Pressed : SoDialogAuditor {
     void dialogPushButton(SoDialogPushButton* /*cpt*/) override
     {
@@ -418,10 +391,10 @@ TEST_F(ComboBoxTest, theListLiesInFrontOfEverythingElseAndTakesItsPresses)
   const float front = measure.getBoundingBox().getMax()[2];
   pressBox();
   ASSERT_TRUE(isListOpen());
-  const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_combo, "itemsSwitch"));
+  const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_choice, "itemsSwitch"));
   EXPECT_GT(list.getMin()[2], front);
   m_scene.click(entry(2, 3));
-  EXPECT_EQ(m_combo->selectedItem.getValue(), 2);
+  EXPECT_EQ(m_choice->selectedItem.getValue(), 2);
   EXPECT_EQ(pressed.count, 0);
 }
 
@@ -429,8 +402,8 @@ TEST_F(ComboBoxTest, theListDoesNotCoverItsBox)
 {
   open3D();
   pressBox();
-  const SbBox3f box = Plan::boxOf(m_dialog, Plan::partOf(m_combo, "frameSep"));
-  const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_combo, "itemsSwitch"));
+  const SbBox3f box = Plan::boxOf(m_dialog, Plan::partOf(m_choice, "frameSep"));
+  const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_choice, "itemsSwitch"));
   EXPECT_NEAR(list.getMax()[1], box.getMin()[1], 0.1F);
   EXPECT_NEAR(list.getMin()[0], box.getMin()[0], 0.1F);
   EXPECT_NEAR(list.getMax()[0], box.getMax()[0], 0.1F);
@@ -442,11 +415,11 @@ TEST_F(ComboBoxTest, theListOpensAboveWhereTheViewEndsBelow)
   m_dialog->position3D.setValue(0.0F, 460.0F, 0.0F); // the view ends at 500
   pressBox();
   ASSERT_TRUE(isListOpen());
-  const SbBox3f box = Plan::boxOf(m_dialog, Plan::partOf(m_combo, "frameSep"));
-  const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_combo, "itemsSwitch"));
+  const SbBox3f box = Plan::boxOf(m_dialog, Plan::partOf(m_choice, "frameSep"));
+  const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_choice, "itemsSwitch"));
   EXPECT_NEAR(list.getMin()[1], box.getMax()[1], 0.1F);
   m_scene.click(entry(0, 3));
-  EXPECT_EQ(m_combo->selectedItem.getValue(), 0);
+  EXPECT_EQ(m_choice->selectedItem.getValue(), 0);
 }
 
 TEST_F(ComboBoxTest, anotherElementThatBecomesActiveClosesTheList)
@@ -454,7 +427,7 @@ TEST_F(ComboBoxTest, anotherElementThatBecomesActiveClosesTheList)
   m_dialog = load("TopLevelDialog { DialogPushButton { buttonLabel \"OK\" }"
                   " DialogComboBox { items [ \"a\", \"b\" ] } DialogComboBox { } }");
   ASSERT_NE(m_dialog, nullptr);
-  m_combo = static_cast<SoDialogComboBox*>(m_dialog->getChild(1));
+  m_choice = static_cast<SoDialogComboBox*>(m_dialog->getChild(1));
   m_scene.open(m_dialog);
   pressBox();
   ASSERT_TRUE(isListOpen());
@@ -477,10 +450,10 @@ TEST_F(ComboBoxTest, listsThatOpenInTurnStayAtTheSameHeight)
   m_scene.open(m_dialog);
   float firstFront = 0.0F;
   for (int i = 0; i < 6; i++) {
-    m_combo = static_cast<SoDialogComboBox*>(column->getChild(i % 2));
+    m_choice = static_cast<SoDialogComboBox*>(column->getChild(i % 2));
     pressBox();
     ASSERT_TRUE(isListOpen());
-    const float front = Plan::boxOf(m_dialog, Plan::partOf(m_combo, "itemsSwitch")).getMax()[2];
+    const float front = Plan::boxOf(m_dialog, Plan::partOf(m_choice, "itemsSwitch")).getMax()[2];
     firstFront = i == 0 ? front : firstFront;
     EXPECT_NEAR(front, firstFront, 0.01F);
   }
@@ -617,22 +590,22 @@ TEST_F(ComboBoxTest, anAuditorMayAddASiblingInTheScene)
 
 TEST_F(ComboBoxTest, oneThatStandsAloneOpensItsList)
 {
-  m_combo = new SoDialogComboBox;
-  m_combo->ref();
-  m_combo->addItem("a");
-  m_combo->addItem("b");
+  m_choice = new SoDialogComboBox;
+  m_choice->ref();
+  m_choice->addItem("a");
+  m_choice->addItem("b");
   SbVec2i32 size(120, 30);
   SbVec2i32 place(0, 0);
-  m_combo->buildWidget(nullptr, size, place, 0);
+  m_choice->buildWidget(nullptr, size, place, 0);
   auto* holder = new SoSeparator;
-  holder->addChild(m_combo);
+  holder->addChild(m_choice);
   m_scene.add(holder);
-  m_scene.click(Choices::middleOf(m_scene, holder, m_combo, "frameSep"));
+  m_scene.click(Choices::middleOf(m_scene, holder, m_choice, "frameSep"));
   ASSERT_TRUE(isListOpen());
-  const SbBox3f list = Plan::boxOf(holder, Plan::partOf(m_combo, "itemsSwitch"));
+  const SbBox3f list = Plan::boxOf(holder, Plan::partOf(m_choice, "itemsSwitch"));
   m_scene.click(m_scene.pixel(list.getMin()[0] + 20.0F, list.getMin()[1] + 8.0F));
-  EXPECT_EQ(m_combo->selectedItem.getValue(), 1);
-  m_combo->unref();
+  EXPECT_EQ(m_choice->selectedItem.getValue(), 1);
+  m_choice->unref();
 }
 
 TEST_F(ComboBoxTest, theListTakesItsGeometryFromThePartThatTheAuthorFilled)
@@ -640,13 +613,13 @@ TEST_F(ComboBoxTest, theListTakesItsGeometryFromThePartThatTheAuthorFilled)
   m_dialog = load("TopLevelDialog { DialogComboBox { items [ \"a\", \"b\" ] itemFrame Group { Sphere { } } } }");
   ASSERT_NE(m_dialog, nullptr);
   const std::string before = toText(m_dialog);
-  m_combo = static_cast<SoDialogComboBox*>(m_dialog->getChild(0));
+  m_choice = static_cast<SoDialogComboBox*>(m_dialog->getChild(0));
   m_scene.open(m_dialog);
   pressBox();
   m_scene.click(entry(1, 2));
-  EXPECT_EQ(m_combo->selectedItem.getValue(), 1);
-  m_combo->selectedItem = 0;
-  m_combo->selectedItem.setDefault(TRUE);
+  EXPECT_EQ(m_choice->selectedItem.getValue(), 1);
+  m_choice->selectedItem = 0;
+  m_choice->selectedItem.setDefault(TRUE);
   EXPECT_EQ(toText(m_dialog), before);
 }
 
@@ -655,10 +628,10 @@ TEST_F(ComboBoxTest, aFlatPlateThatTheAuthorFilledIsPressed)
   m_dialog = load("TopLevelDialog { DialogComboBox { items [ \"a\", \"b\" ] itemFrame Group { Coordinate3 { point "
                   "[ -0.5 -0.5 0, 0.5 -0.5 0, 0.5 0.5 0, -0.5 0.5 0 ] } FaceSet { } } } }");
   ASSERT_NE(m_dialog, nullptr);
-  m_combo = static_cast<SoDialogComboBox*>(m_dialog->getChild(0));
+  m_choice = static_cast<SoDialogComboBox*>(m_dialog->getChild(0));
   m_scene.open(m_dialog);
   pressBox();
-  const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_combo, "itemsSwitch"));
+  const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_choice, "itemsSwitch"));
   m_scene.click(m_scene.pixel(list.getMax()[0] - 4.0F, list.getMin()[1] + 4.0F)); // beside the text
-  EXPECT_EQ(m_combo->selectedItem.getValue(), 1);
+  EXPECT_EQ(m_choice->selectedItem.getValue(), 1);
 }

@@ -335,6 +335,20 @@ TEST_F(EditTextTest, aTextOfOneLineIsMeasuredAsOneLine)
   edit->unref();
 }
 
+TEST_F(EditTextTest, itsLabelHasTheHeightOfItsLinesAlsoAfterTheEditorWasChanged)
+{
+  SoTopLevelDialog* dialog =
+    QuillformTest::open("TopLevelDialog { height 120 DialogEditText { label \"one\\ntwo\\nthree\" } }");
+  auto* edit = static_cast<SoDialogEditText*>(dialog->getChild(0));
+  const int one = SoQuillform::getLabelPixelSize("one", nullptr)[1];
+  const int three = SoQuillform::getLabelPixelSize("one\ntwo\nthree", nullptr)[1];
+  EXPECT_EQ(edit->getLabelWidget()->height(), one);
+  edit->multiLine = TRUE;
+  EXPECT_EQ(edit->getLabelWidget()->height(), three);
+  edit->multiLine = FALSE;
+  EXPECT_EQ(edit->getLabelWidget()->height(), one);
+}
+
 TEST_F(EditTextTest, theDefaultSizeGrowsItsMinimumByLabelAndText)
 {
   auto* edit = new SoDialogEditText;

@@ -52,40 +52,18 @@ using Texts = std::vector<std::string>;
 
 } // namespace
 
-class RadioButtonsTest : public QuillformTest {
+class RadioButtonsTest : public Choices::Test<SoDialogRadioButtons> {
 protected:
-  SoDialogRadioButtons* open(const std::string& more = "selectedItem 1")
-  {
-    loadOne(more);
-    m_dialog->buildDialog(nullptr, FALSE);
-    m_dialog->show();
-    return m_radio;
-  }
-
-  SoDialogRadioButtons* open3D(const std::string& more = "selectedItem 1")
-  {
-    loadOne(more);
-    m_scene.open(m_dialog);
-    return m_radio;
-  }
-
-  void loadOne(const std::string& more)
-  {
-    m_dialog = load("TopLevelDialog { DialogRadioButtons { items [ \"a\", \"b\", \"c\" ] " + more + " } }");
-    ASSERT_NE(m_dialog, nullptr);
-    m_radio = static_cast<SoDialogRadioButtons*>(m_dialog->getChild(0));
-  }
-
   void click(int index)
   {
-    QRadioButton* button = buttonsOf(m_radio)[static_cast<std::size_t>(index)];
+    QRadioButton* button = buttonsOf(m_choice)[static_cast<std::size_t>(index)];
     QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button->height() / 2));
   }
 
   /// The node of an entry in the scene.
   SoNode* entryNode(int index)
   {
-    return static_cast<SoSwitch*>(Plan::partOf(m_radio, "itemsSep"))->getChild(index);
+    return static_cast<SoSwitch*>(Plan::partOf(m_choice, "itemsSep"))->getChild(index);
   }
 
   SbVec2s entry(int index)
@@ -93,10 +71,6 @@ protected:
     const SbVec3f middle = Plan::boxOf(m_dialog, entryNode(index)).getCenter();
     return m_scene.pixel(middle[0], middle[1]);
   }
-
-  SoTopLevelDialog* m_dialog = nullptr;
-  SoDialogRadioButtons* m_radio = nullptr;
-  Scene m_scene;
 };
 
 // The window

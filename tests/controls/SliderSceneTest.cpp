@@ -364,6 +364,37 @@ TEST_F(SliderSceneTest, typingFollowsTheSameRulesAsInTheWindow)
   EXPECT_EQ(heard.values, (std::vector<double>{10.0, 3.0, -20.0}));
 }
 
+TEST_F(SliderSceneTest, aValueSetByCodeReplacesWhatIsBeingTyped)
+{
+  SoDialogIntegerSlider* slider = openInteger("min -2147483648 max 2147483647 value -2147483648");
+  scene.click(on(slider, "edtFrmSep"));
+  EXPECT_TRUE(slider->isEditing3D());
+  EXPECT_EQ(textOf(slider), "-2147483648");
+  slider->value = -44;
+  EXPECT_EQ(textOf(slider), "-44");
+  EXPECT_TRUE(slider->isEditing3D());
+  type("5");
+  EXPECT_EQ(textOf(slider), "-445");
+  key(SoKeyboardEvent::RETURN);
+  EXPECT_EQ(slider->value.getValue(), -445);
+  EXPECT_EQ(textOf(slider), "-445");
+  EXPECT_EQ(heard.values, std::vector<double>{-445.0});
+}
+
+TEST_F(SliderSceneTest, aBarThatIsHiddenWhileItIsHeldForgetsTheMotion)
+{
+  SoDialogIntegerSlider* slider = openInteger("max 10 value 2");
+  scene.press(onBar(slider, 0.9F));
+  EXPECT_EQ(textOf(slider), "9");
+  dialog->show3D(0);
+  scene.release(onBar(slider, 0.9F));
+  dialog->show3D(1);
+  EXPECT_EQ(slider->value.getValue(), 2);
+  EXPECT_EQ(textOf(slider), "2");
+  EXPECT_FLOAT_EQ(slider->getSliderPosition(), 0.2F);
+  EXPECT_TRUE(heard.values.empty());
+}
+
 TEST_F(SliderSceneTest, typingBeginsWithTheNumberAlone)
 {
   SoDialogIntegerSlider* slider = openInteger("max 100 value 7 format \"%d mm\"");

@@ -1,3 +1,4 @@
+#include <Inventor/nodes/SoSeparator.h>
 #include <QDirIterator>
 #include <Quillform/Quillform.h>
 #include <forms/Plan.h>
@@ -268,6 +269,91 @@ TEST_F(SamePlanTest, rowsThatNeedMoreThanTheirMinimumDoNotOverlap)
     EXPECT_LE(smallest.back().bottom(), window->getWidget()->height()) << size;
     inScene->unref();
   }
+}
+
+namespace {
+
+typedef std::function<QRectF(SoDialogComponent*)> RectOf;
+
+/// What stands in \a container neither overlaps nor reaches beyond it; of a tab dialog the page in front is looked at.
+void expectRoomInside(const SoQuillform* container, const QRectF& room, const RectOf& rectOf, const std::string& where)
+{
+  const SoChildElements* children = container->getChildElements();
+  const auto* tabs = dynamic_cast<const SoTabDialog*>(container);
+  std::vector<QRectF> before;
+  for (int i = 0; children && i < children->getNum(); i++) {
+    auto* child = dynamic_cast<SoDialogComponent*>(children->get(i));
+    if (!child || (tabs && i != tabs->selectedPage.getValue())) {
+      continue;
+    }
+    const std::string name = where + " " + child->getTypeId().getName().getString() + std::to_string(i);
+    const QRectF rect = rectOf(child);
+    EXPECT_TRUE(Plan::stands(rect, room)) << name;
+    for (const QRectF& other : before) {
+      const QRectF common = rect & other;
+      EXPECT_FALSE(common.width() > 0.5 && common.height() > 0.5) << name << Plan::toString(common);
+    }
+    before.push_back(rect);
+    expectRoomInside(child, rect, rectOf, name);
+  }
+}
+
+} // namespace
+
+TEST_F(SamePlanTest, groupsAtTheirMinimumLeaveRoomForTheirContents)
+{
+  const std::string controls = "DialogIntegerSlider { label \"A\" } DialogSeparator { } "
+                               "DialogRadioButtons { label \"Side\" items [ \"left\", \"right\", \"both\" ] } "
+                               "DialogSeparator { } DialogRealSlider { } DialogPushButton { buttonLabel \"B\" } ";
+  const std::string rowDialog = "RowDialog { rowSpacing 2 " + controls + "} ";
+  const std::string columnDialog = "ColumnDialog { columnSpacing 3 edgeStyle SHADOW_IN " + controls + "} ";
+  for (const std::string& contents :
+       {rowDialog, columnDialog, rowDialog + columnDialog + rowDialog, "ColumnDialog { " + rowDialog + rowDialog + "} ",
+        "RowDialog { margin 4 edgeStyle SHADOW_OUT " + columnDialog + columnDialog + "} " + controls,
+        "TabDialog { " + rowDialog + columnDialog + "} " + rowDialog,
+        "ColumnDialog { TabDialog { tabsLocation LEFT selectedPage 1 " + columnDialog + rowDialog + "} " + rowDialog +
+          "} "}) {
+    for (const std::string size : {"", "width 10 height 10 ", "resizable FALSE width 10 height 10 "}) {
+      const std::string text = "TopLevelDialog { " + size + contents + "}";
+      SoTopLevelDialog* dialog = open(text);
+      Scene scene;
+      const auto expectRoom = [&](const std::string& when) {
+        const QSize window = dialog->getWidget()->size();
+        expectRoomInside(
+          dialog, QRectF(QPointF(0, 0), window),
+          [dialog](SoDialogComponent* child) { return Plan::inWindow(dialog, child); }, "window " + when + text);
+      };
+      expectRoom("built: ");
+      dialog->getWidget()->resize(1, 1);
+      settle();
+      expectRoom("made small: ");
+      dialog->updateAfterSceneGraphChange();
+      settle();
+      expectRoom("rebuilt: ");
+      scene.open(dialog);
+      const QSizeF room(dialog->width.getValue(), dialog->height.getValue());
+      expectRoomInside(
+        dialog, QRectF(QPointF(0, 0), room),
+        [dialog](SoDialogComponent* child) { return Plan::inScene(dialog, child); }, "scene: " + text);
+      if (text.find("tabsLocation") == std::string::npos) { // the window has its tabs above the pages
+        expectSamePlan(dialog, dialog, text);
+      }
+      scene.root()->removeChild(dialog);
+      settle();
+    }
+  }
+}
+
+TEST_F(SamePlanTest, aGroupBecomesAsSmallAsItsAuthorWants)
+{
+  for (const std::string limits : {"minHeight 20 height 20", "maxHeight 20"}) {
+    SoTopLevelDialog* dialog = open("TopLevelDialog { RowDialog { " + limits +
+                                    " DialogIntegerSlider { } DialogIntegerSlider { } } DialogLabel { label \"x\" } }");
+    EXPECT_EQ(static_cast<SoDialogComponent*>(dialog->getChild(0))->getWidget()->height(), 20) << limits;
+  }
+  SoTopLevelDialog* fixed = open("TopLevelDialog { RowDialog { height 57 fixedHeight TRUE DialogIntegerSlider { } "
+                                 "DialogIntegerSlider { } } DialogLabel { label \"x\" } }");
+  EXPECT_EQ(static_cast<SoDialogComponent*>(fixed->getChild(0))->getWidget()->height(), 57);
 }
 
 TEST_F(SamePlanTest, limitsOfTheAuthorCountMoreThanTheRoomForTheRows)

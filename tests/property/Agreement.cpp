@@ -247,11 +247,12 @@ void compareFields(SoQuillform* one, SoQuillform* other, const std::string& wher
     const auto* dialog = dynamic_cast<SoTopLevelDialog*>(one);
     const bool follows =
       dialog && !dialog->independentMinimizedPosition.getValue() && name.find("3D") != std::string::npos;
-    if (!isSizingField(name) && !follows && *fields[i] != *others[i]) {
-      SbString now;
-      SbString read;
-      fields[i]->get(now);
-      others[i]->get(read);
+    SbString now;
+    SbString read;
+    fields[i]->get(now);
+    others[i]->get(read);
+    // The scene graph writes a number with fewer digits than it may have.
+    if (!isSizingField(name) && !follows && *fields[i] != *others[i] && now != read) {
       faults.push_back(where + ": " + name + " is " + now.getString() + " and comes back as " + read.getString());
     }
   }
@@ -394,8 +395,10 @@ std::vector<std::string> Agreement::describeWindow(SoTopLevelDialog* dialog)
         continue; // a group's children come by themselves, and radio buttons keep some of their past
       }
       const bool isSeparator = element->isOfType(SoDialogSeparator::getClassTypeId()); // keeps its past, too
-      std::string line = RandomTree::placeOf(dialog, element) + " " + widget->metaObject()->className() + " at " +
-                         Plan::toString(QRectF(widget->mapTo(dialog->getWidget(), QPoint(0, 0)), widget->size()));
+      std::string line = RandomTree::placeOf(dialog, element) + " " + widget->metaObject()->className();
+      if (frame->isVisible()) { // what stands on a page out of sight has the place that it had when it was seen last
+        line += " at " + Plan::toString(QRectF(widget->mapTo(dialog->getWidget(), QPoint(0, 0)), widget->size()));
+      }
       if (!isSeparator) {
         line += widget->isVisibleTo(frame) ? ", visible" : ", hidden";
         line += widget->isEnabled() ? ", enabled" : ", disabled";

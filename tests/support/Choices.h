@@ -11,6 +11,7 @@
 #include <functional>
 #include <string>
 #include <support/Scene.h>
+#include <support/TestFiles.h>
 #include <vector>
 
 /// What the tests of the combo box and of the radio buttons share.
@@ -77,6 +78,40 @@ inline std::string manyItems(int count)
   }
   return items;
 }
+
+/// Tests with a dialog that holds one choice of three entries.
+template <class Choice>
+class Test : public QuillformTest {
+protected:
+  /// Opens it in a window; \a more is added to its fields.
+  Choice* open(const std::string& more = "selectedItem 1")
+  {
+    loadOne(more);
+    m_dialog->buildDialog(nullptr, FALSE);
+    m_dialog->show();
+    return m_choice;
+  }
+
+  /// Opens it in the scene.
+  Choice* open3D(const std::string& more = "selectedItem 1")
+  {
+    loadOne(more);
+    m_scene.open(m_dialog);
+    return m_choice;
+  }
+
+  void loadOne(const std::string& more)
+  {
+    const std::string name = Choice::getClassTypeId().getName().getString();
+    m_dialog = load("TopLevelDialog { " + name + " { items [ \"a\", \"b\", \"c\" ] " + more + " } }");
+    ASSERT_NE(m_dialog, nullptr);
+    m_choice = static_cast<Choice*>(m_dialog->getChild(0));
+  }
+
+  SoTopLevelDialog* m_dialog = nullptr;
+  Choice* m_choice = nullptr;
+  Scene m_scene;
+};
 
 } // namespace Choices
 

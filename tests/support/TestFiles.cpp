@@ -84,6 +84,17 @@ SoTopLevelDialog* QuillformTest::load(const std::string& text, const char* id)
   return dynamic_cast<SoTopLevelDialog*>(SoQuillform::loadFromFile(path.c_str(), id));
 }
 
+SoTopLevelDialog* QuillformTest::open(const std::string& text)
+{
+  SoTopLevelDialog* dialog = load(text);
+  if (dialog) {
+    dialog->buildDialog(nullptr, FALSE);
+    dialog->show();
+    settle();
+  }
+  return dialog;
+}
+
 std::string toText(SoNode* node)
 {
   const std::string bytes = write(node, FALSE);

@@ -18,6 +18,9 @@ protected:
   /// Loads a dialog from the text of a dialog file; nullptr when the library refuses it.
   SoTopLevelDialog* load(const std::string& text, const char* id = "");
 
+  /// Loads a dialog and opens its window; nullptr when the library refuses it.
+  SoTopLevelDialog* open(const std::string& text);
+
   /// Path of a file in the test's own directory.
   std::string pathOf(const std::string& name) const;
 

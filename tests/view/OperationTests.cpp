@@ -127,6 +127,28 @@ TEST_F(OperationTest, escapeTurnsTheSceneInsteadOfOperatingIt)
   expectEnd();
 }
 
+TEST_F(OperationTest, shiftTabInAViewerGoesToTheElementBefore)
+{
+  const auto button = [](const QByteArray& id) {
+    return "  DialogPushButton { auditorID \"" + id + "\" buttonLabel \"OK\" labelVisibility FALSE }\n";
+  };
+  write("three.iv", "TopLevelDialog {\n  label \"Operated\"\n  width 200\n  height 120\n" + button("first") +
+                      button("second") + button("third") + "}\n");
+  open({"--scene", "--trace", "--size", "400x300", "three.iv"});
+  const unsigned long window = waitForWindow("Operated");
+  user().click(window, QPoint(200, 165));
+  EXPECT_EQ(R"(dialogPushButton auditorID="second" label="OK")", readLine());
+  user().pressKey(window, "shift+Tab");
+  user().pressKey(window, "space");
+  EXPECT_EQ(R"(dialogPushButton auditorID="first" label="OK")", readLine());
+  user().pressKey(window, "Tab");
+  user().pressKey(window, "Tab");
+  user().pressKey(window, "space");
+  EXPECT_EQ(R"(dialogPushButton auditorID="third" label="OK")", readLine());
+  user().close(window);
+  expectEnd();
+}
+
 TEST_F(OperationTest, nothingIsPrintedWithoutTrace)
 {
   open({"a.iv"});

@@ -37,6 +37,61 @@ protected:
   static constexpr int colours = 12; ///< a picture with smooth text has more of them
 };
 
+/// The same elements in every state, as windows or as geometry.
+class StatePictureTest : public PictureTest {
+protected:
+  StatePictureTest()
+  {
+    write("states.iv",
+          "TopLevelDialog {\n"
+          "  DialogPushButton { auditorID \"go\" buttonLabel \"Go\" }\n"
+          "  DialogCheckBox { auditorID \"on\" labelVisibility FALSE onString \"A text that reaches to the "
+          "right end\" offString \"A text that reaches to the right end\" }\n"
+          "  DialogComboBox { auditorID \"kind\" items [ \"a\", \"b\", \"c\", \"d\", \"e\" ] }\n"
+          "  DialogRealSlider { auditorID \"part\" min 0 max 1 value 0 }\n"
+          "  DialogEditText { auditorID \"text\" editText \"Text\" }\n"
+          "  TabDialog {\n"
+          "    DialogPushButton { label \"Front\" buttonLabel \"x\" }\n"
+          "    DialogPushButton { auditorID \"hidden\" label \"Back\" buttonLabel \"y\" }\n"
+          "  }\n"
+          "}\n");
+  }
+
+  void expectAllStates(const QStringList& arguments) const
+  {
+    const auto take = [&](const QStringList& more) {
+      return draw(arguments + more + QStringList{"states.iv"});
+    };
+    const QImage plain = take({});
+    EXPECT_EQ(plain, take({}));
+    for (const char* id : {"go", "part"}) {
+      const QImage pressed = take({"--press", id});
+      EXPECT_EQ(plain.size(), pressed.size()) << id;
+      EXPECT_NE(plain, pressed) << id;
+    }
+    for (const char* id : {"on", "text"}) {
+      const QImage clicked = take({"--click", id});
+      EXPECT_EQ(plain.size(), clicked.size()) << id;
+      EXPECT_NE(plain, clicked) << id;
+    }
+    EXPECT_NE(plain, take({"--click", "kind"})); // its list has opened
+    const QImage both = take({"--click", "on", "--press", "go"});
+    EXPECT_NE(both, take({"--click", "on"}));
+    EXPECT_NE(both, take({"--press", "go"}));
+  }
+
+  void expectSentences(const QStringList& arguments) const
+  {
+    for (const QString option : {"--click", "--press"}) {
+      const auto press = [&](const QString& id) {
+        return run(QStringList{"--screenshot", "out.png"} + arguments + QStringList{option, id, "states.iv"});
+      };
+      expectFailure(press("nobody"), 2, {"\"states.iv\"", "\"nobody\"", option});
+      expectFailure(press("hidden"), 2, {"\"hidden\"", "not in sight"});
+    }
+  }
+};
+
 class ScenePictureTest : public PictureTest {
 protected:
   ScenePictureTest()
@@ -111,6 +166,53 @@ TEST_F(PictureTest, aPictureThatCannotBeWritten)
   expectFailure(run({"--screenshot", "out.nothing", "a.iv"}), 2, {"\"out.nothing\"", ".png"});
 }
 
+TEST_F(StatePictureTest, elementsAreDrawnPressedAndOpen)
+{
+  expectAllStates({});
+}
+
+TEST_F(StatePictureTest, anOpenListIsDrawnBeyondTheWindow)
+{
+  write("low.iv", "TopLevelDialog { DialogComboBox { auditorID \"kind\" items [ \"a\", \"b\", \"c\", \"d\" ] } }\n");
+  const QImage plain = draw({"low.iv"});
+  const QImage open = draw({"--click", "kind", "low.iv"});
+  EXPECT_GE(open.width(), plain.width());
+  EXPECT_GT(open.height(), plain.height());
+}
+
+TEST_F(StatePictureTest, anElementThatCannotBePressedIsNamed)
+{
+  expectSentences({});
+}
+
+class SceneStatePictureTest : public StatePictureTest {
+protected:
+  SceneStatePictureTest()
+  {
+    useDisplay(m_display.getName());
+  }
+
+private:
+  VirtualDisplay m_display;
+};
+
+TEST_F(SceneStatePictureTest, elementsAreDrawnPressedAndOpen)
+{
+  expectAllStates({"--scene"});
+  expectAllStates({"--scene", "--size", "300x600"});
+}
+
+TEST_F(SceneStatePictureTest, anOpenListIsWhollyInThePicture)
+{
+  write("low.iv", "TopLevelDialog { DialogComboBox { auditorID \"kind\" items [ \"a\", \"b\", \"c\", \"d\" ] } }\n");
+  EXPECT_GT(draw({"--scene", "--click", "kind", "low.iv"}).height(), draw({"--scene", "low.iv"}).height());
+}
+
+TEST_F(SceneStatePictureTest, anElementThatCannotBePressedIsNamed)
+{
+  expectSentences({"--scene"});
+}
+
 TEST_F(ScenePictureTest, theWholeDialogStandsInTheMiddle)
 {
   for (const QSize& size : {QSize(), QSize(300, 600), QSize(900, 250), QSize(120, 120)}) {
@@ -145,6 +247,45 @@ TEST_F(ScenePictureTest, theDialogIsFoundWhereverItStands)
   const QImage far = draw({"--scene", "far.iv"});
   EXPECT_EQ(here.size(), far.size());
   EXPECT_EQ(findDialog(here), findDialog(far));
+}
+
+TEST_F(ScenePictureTest, whatIsDisabledLosesItsColours)
+{
+  typedef bool (*Colour)(QRgb);
+  const Colour isRed = [](QRgb pixel) {
+    return qRed(pixel) > 180 && qGreen(pixel) < 60;
+  };
+  const Colour isWhite = [](QRgb pixel) {
+    return qMin(qRed(pixel), qMin(qGreen(pixel), qBlue(pixel))) > 225;
+  };
+  const Colour isBlack = [](QRgb pixel) {
+    return qMax(qRed(pixel), qMax(qGreen(pixel), qBlue(pixel))) < 45;
+  };
+  const struct {
+    QByteArray element;
+    Colour colour;
+  } shown[] = {
+    {"DialogRealSlider { labelVisibility FALSE toggleVisible FALSE valueVisible FALSE colors [ 1 0 0 ]", isRed},
+    {"DialogRealSlider { labelVisibility FALSE valueVisible FALSE", isWhite},
+    {"DialogCheckBox { labelVisibility FALSE", isWhite},
+    {"DialogCheckBox { labelVisibility FALSE state TRUE", isBlack},
+    {"DialogRadioButtons { labelVisibility FALSE items [ \"a\", \"b\" ]", isWhite}};
+  for (const auto& kind : shown) {
+    const auto count = [&](const QByteArray& more) {
+      write("b.iv", "TopLevelDialog { " + kind.element + more + " } }\n");
+      const QImage picture = draw({"--scene", "b.iv"});
+      int number = 0;
+      constexpr int title = 70; // its button is white whatever is below
+      for (int y = title; y < picture.height(); y++) {
+        for (int x = 0; x < picture.width(); x++) {
+          number += kind.colour(picture.pixel(x, y)) ? 1 : 0;
+        }
+      }
+      return number;
+    };
+    EXPECT_GT(count(""), 30) << kind.element.toStdString();
+    EXPECT_EQ(count(" enable FALSE"), 0) << kind.element.toStdString();
+  }
 }
 
 TEST_F(ScenePictureTest, skinsLookDifferent)

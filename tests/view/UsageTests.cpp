@@ -23,8 +23,8 @@ TEST_F(UsageTest, helpShowsEveryOptionWithAnExample)
   const Result result = run({"--help"});
   EXPECT_EQ(0, result.status);
   EXPECT_EQ("", result.errors.toStdString());
-  for (const char* option : {"--id", "--scene", "--screenshot", "--size", "--skin", "--skins-dir", "--trace", "--dump",
-                             "--check", "--help", "--version"}) {
+  for (const char* option : {"--id", "--scene", "--screenshot", "--click", "--press", "--size", "--skin", "--skins-dir",
+                             "--trace", "--dump", "--check", "--help", "--version"}) {
     const QByteArray name(option);
     EXPECT_TRUE(result.output.contains("\n  " + name + " ")) << option;
     bool hasExample = false;
@@ -75,6 +75,15 @@ TEST_F(UsageTest, aScreenshotIsOfOneFile)
 {
   expectFailure(run({"--screenshot", "a.png", "a.iv", "a.iv"}), 1, {"--screenshot", "one"});
   expectFailure(run({"--screenshot", "", "a.iv"}), 1, {"--screenshot"});
+}
+
+TEST_F(UsageTest, pressingIsForPictures)
+{
+  for (const QString option : {"--click", "--press"}) {
+    expectFailure(run({option, "ok", "a.iv"}), 1, {option, "--screenshot"});
+    expectFailure(run({option, "ok", "--check", "a.iv"}), 1, {option, "--screenshot"});
+    expectFailure(run({option, "", "--screenshot", "a.png", "a.iv"}), 1, {option, "auditorID"});
+  }
 }
 
 TEST_F(UsageTest, aWindowNeedsADisplay)

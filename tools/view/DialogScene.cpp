@@ -1,5 +1,6 @@
 #include "DialogScene.h"
 
+#include <Inventor/SbViewVolume.h>
 #include <Inventor/SbViewportRegion.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
 #include <Inventor/nodes/SoOrthographicCamera.h>
@@ -34,14 +35,20 @@ SbBox3f measure(SoNode* node)
 
 const SbColor DialogScene::background(0.30F, 0.30F, 0.35F);
 
-DialogScene::DialogScene(SoTopLevelDialog* dialog) : m_root(new SoSeparator), m_camera(new SoOrthographicCamera)
+DialogScene::DialogScene(SoTopLevelDialog* dialog)
+    : m_dialog(dialog), m_root(new SoSeparator), m_camera(new SoOrthographicCamera)
 {
   m_root->ref();
   SoInSceneMode::setEnabled(TRUE);
   dialog->buildDialog(nullptr, FALSE);
   m_root->addChild(m_camera);
   m_root->addChild(dialog);
-  m_box = measure(dialog);
+  look();
+}
+
+void DialogScene::look()
+{
+  m_box = measure(m_dialog);
   const SbVec3f size = m_box.getSize();
   m_camera->position.setValue(m_box.getCenter()[0], m_box.getCenter()[1], m_box.getMax()[2] + distance);
   m_camera->nearDistance = distance * 0.5F;
@@ -64,6 +71,19 @@ QSize DialogScene::getNaturalSize() const
 {
   const SbVec3f size = m_box.getSize() * naturalScale;
   return {qRound(size[0]), qRound(size[1])};
+}
+
+SbVec2s DialogScene::project(const SbVec3f& place, const QSize& picture) const
+{
+  const float aspect = static_cast<float>(picture.width()) / static_cast<float>(picture.height());
+  SbViewVolume volume = m_camera->getViewVolume(aspect);
+  if (aspect < 1.0F) {
+    volume.scale(1.0F / aspect); // the camera's height is the shorter side of what is seen
+  }
+  SbVec3f seen;
+  volume.projectToScreen(place, seen);
+  return {static_cast<short>(seen[0] * static_cast<float>(picture.width())),
+          static_cast<short>(seen[1] * static_cast<float>(picture.height()))};
 }
 
 void DialogScene::fit(const QSize& picture)

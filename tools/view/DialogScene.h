@@ -3,6 +3,7 @@
 
 #include <Inventor/SbBox3f.h>
 #include <Inventor/SbColor.h>
+#include <Inventor/SbVec2s.h>
 #include <QSize>
 
 class SoOrthographicCamera;
@@ -26,6 +27,12 @@ public:
   /// The size in pixels at which the texts are read well.
   QSize getNaturalSize() const;
 
+  /// Turns the camera to the dialog, and to all that has opened in it.
+  void look();
+
+  /// Where a place of the scene is seen in a picture of a size, from its lower left corner.
+  SbVec2s project(const SbVec3f& place, const QSize& picture) const;
+
   /// Makes the camera show the whole dialog, as large as it can be, in a picture of that size.
   void fit(const QSize& picture);
 
@@ -33,6 +40,7 @@ public:
   void keepFitted(const QSize& picture);
 
 private:
+  SoTopLevelDialog* m_dialog;     // below the root, which owns it
   SoSeparator* m_root;            // referenced
   SoOrthographicCamera* m_camera; // below the root, which owns it
   SbBox3f m_box;                  // what is to be seen, with some room around it

@@ -2,6 +2,7 @@
 
 #include "Failure.h"
 #include "GlContext.h"
+#include "MousePointer.h"
 #include "ScenePicture.h"
 #include "SceneViewer.h"
 #include <QApplication>
@@ -58,14 +59,20 @@ QWidget* OpenDialogs::buildWindow(SoTopLevelDialog* dialog) const
 
 QImage OpenDialogs::draw(SoTopLevelDialog* dialog) const
 {
+  const MousePointer pointer(dialog, m_options);
   if (m_options.inScene) {
     DialogScene scene(dialog);
-    return ScenePicture::draw(scene, m_options.size.isValid() ? m_options.size : scene.getNaturalSize());
+    const auto getSize = [this, &scene] {
+      return m_options.size.isValid() ? m_options.size : scene.getNaturalSize();
+    };
+    pointer.useIn(scene, getSize());
+    return ScenePicture::draw(scene, getSize());
   }
   QWidget* window = buildWindow(dialog);
   window->show(); // not the dialog's own way, which also raises the window: a platform may be unable to
   QApplication::processEvents();
-  return window->grab().toImage();
+  pointer.useIn(window);
+  return MousePointer::grab(window);
 }
 
 void OpenDialogs::savePicture(const QString& fileName)

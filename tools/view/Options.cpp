@@ -23,6 +23,10 @@ const OptionText optionTexts[] = {
    "Draw the dialog, save the picture and exit. A window\nneeds no display for that; the scene needs one with\n"
    "OpenGL.",
    "quillform-view --screenshot dialog.png showcase.iv"},
+  {"click", "ID", "Click on the element with that auditorID before\n--screenshot takes the picture: lists open.",
+   "quillform-view --click kind --screenshot o.png a.iv"},
+  {"press", "ID", "Hold the mouse pressed on the element with that\nauditorID while --screenshot takes the picture.",
+   "quillform-view --press ok --screenshot o.png a.iv"},
   {"size", "WxH",
    "Width and height in pixels of the window, within its\nlimits, or of the viewer or the picture of the scene.",
    "quillform-view --size 640x480 showcase.iv"},
@@ -107,6 +111,8 @@ Options Options::parse(const QStringList& arguments)
   options.inScene = parser.isSet("scene");
   options.trace = parser.isSet("trace");
   options.screenshot = parser.value("screenshot");
+  options.click = parser.value("click");
+  options.press = parser.value("press");
   options.skin = parser.value("skin");
   options.skinDirectories = parser.values("skins-dir");
   if (parser.isSet("size")) {
@@ -117,6 +123,14 @@ Options Options::parse(const QStringList& arguments)
   }
   if (options.task == SCREENSHOT && options.screenshot.isEmpty()) {
     refuse("--screenshot has no file name; name the picture, as in --screenshot dialog.png.");
+  }
+  for (const char* option : {"click", "press"}) {
+    if (parser.isSet(option) && options.task != SCREENSHOT) {
+      refuse(QString("--%1 is for pictures only; add --screenshot, as in --%1 ok --screenshot ok.png.").arg(option));
+    }
+    if (parser.isSet(option) && parser.value(option).isEmpty()) {
+      refuse(QString("--%1 names no element; give its auditorID, as in --%1 ok.").arg(option));
+    }
   }
   if (options.task == SCREENSHOT && options.files.size() > 1) {
     refuse("--screenshot takes one dialog file; call quillform-view once for each file.");

@@ -22,6 +22,8 @@ struct Options {
   bool inScene = false;        ///< as geometry in a viewer instead of a window
   bool trace = false;          ///< print what the user does
   QString screenshot;          ///< name of the picture
+  QString click;               ///< auditorID of what is clicked before the picture is taken; empty for nothing
+  QString press;               ///< auditorID of what is held pressed in the picture; empty for nothing
   QSize size;                  ///< of the window, viewer or picture; invalid for the dialog's own
   QString skin;                ///< empty for the preferred one
   QStringList skinDirectories; ///< empty for those of the environment or the program's own
