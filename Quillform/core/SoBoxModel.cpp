@@ -128,8 +128,7 @@ SbVec2i32 SoBoxModel::getLeastSize(int spacing) const
     least[along] = clampPixels(static_cast<long long>(least[along]) + entry.least[along] + gap);
     hasGap = hasGap || !entry.isBar;
   }
-}
-return least;
+  return least;
 }
 
 void SoBoxModel::leaveRoom(const SbVec2i32& needed, const SoSizingFields::Values& authored, SbVec2i32& size,

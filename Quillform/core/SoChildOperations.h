@@ -98,6 +98,43 @@ public:
   {
     elements().replace(elements().find(oldChild), newChild);
   }
+
+  void internalAddChild(SoNode* child)
+  {
+    addChild(child);
+  }
+  void internalInsertChild(SoNode* child, int index)
+  {
+    insertChild(child, index);
+  }
+  SoNode* internalGetChild(int index) const
+  {
+    return getChild(index);
+  }
+  int internalFindChild(const SoNode* child) const
+  {
+    return findChild(child);
+  }
+  void internalRemoveChild(int index)
+  {
+    removeChild(index);
+  }
+  void internalRemoveChild(SoNode* child)
+  {
+    removeChild(elements().find(child));
+  }
+  void internalRemoveAllChildren()
+  {
+    removeAllChildren();
+  }
+  void internalReplaceChild(int index, SoNode* child)
+  {
+    replaceChild(index, child);
+  }
+  void internalReplaceChild(SoNode* oldChild, SoNode* newChild)
+  {
+    replaceChild(oldChild, newChild);
+  }
   /// @}
 
 protected:

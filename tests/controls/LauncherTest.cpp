@@ -284,6 +284,30 @@ TEST_F(LauncherTest, aDialogAddedToACheckedLauncherOpensAtOnce)
   EXPECT_TRUE(isOpen(added));
 }
 
+TEST_F(LauncherTest, itsDialogsAreGenericChildrenToo)
+{
+  loadLauncher("DialogPushButtonLauncher", oneDialog);
+  SoDialogPushButtonLauncher* launcher = pushLauncher();
+  auto* second = new SoTopLevelDialog;
+  launcher->internalAddChild(second);
+  EXPECT_EQ(launcher->internalFindChild(second), 1);
+  EXPECT_EQ(launcher->internalGetChild(1), second);
+  auto* between = new SoTopLevelDialog;
+  launcher->internalInsertChild(between, 1);
+  EXPECT_EQ(launcher->internalFindChild(second), 2);
+  auto* other = new SoTopLevelDialog;
+  launcher->internalReplaceChild(between, other);
+  EXPECT_EQ(launcher->getChild(1), other);
+  launcher->internalReplaceChild(1, new SoTopLevelDialog);
+  EXPECT_EQ(launcher->internalFindChild(other), -1);
+  launcher->internalRemoveChild(second);
+  launcher->internalRemoveChild(1);
+  EXPECT_EQ(launcher->getNumChildren(), 1);
+  launcher->internalRemoveChild(7);
+  launcher->internalRemoveAllChildren();
+  EXPECT_EQ(launcher->internalGetChild(0), nullptr);
+}
+
 TEST_F(LauncherTest, onlyDialogsOfItsOwnAreTaken)
 {
   loadLauncher("DialogPushButtonLauncher", oneDialog);
