@@ -210,7 +210,7 @@ void SoMenuCheckBox::create3DItem(int index)
 void SoMenuCheckBox::update3DItem()
 {
   inherited::update3DItem();
-  So3DPlacement::place(m_markTransform, getMarkRect(0), getItemSize(), plateFace);
+  So3DPlacement::place(m_markTransform, getMarkRect(0), getItemSize(), textSurface);
 }
 
 void SoMenuCheckBox::change3DState()

@@ -3,6 +3,7 @@
 #include <Inventor/errors/SoDebugError.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
+#include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoTransform.h>
 #include <QMenu>
 #include <Quillform/core/So3DPlacement.h>
@@ -242,21 +243,35 @@ void SoMenuItem::setColumns3D(const Columns& columns)
 
 // The 3D form
 
+void SoMenuItem::insertPlateLook(SoSwitch* geometry)
+{
+  auto* look = new SoMaterial;
+  look->emissiveColor = SbColor(0.0F, 0.0F, 0.0F);
+  for (SoField* field : {static_cast<SoField*>(&look->ambientColor), static_cast<SoField*>(&look->diffuseColor),
+                         static_cast<SoField*>(&look->specularColor), static_cast<SoField*>(&look->shininess),
+                         static_cast<SoField*>(&look->transparency)}) {
+    field->setIgnored(TRUE);
+  }
+  geometry->insertChild(look, 2); // behind the pick style and the material of every element
+}
+
 void SoMenuItem::create3DItem(int /*index*/)
 {
+  insertPlateLook(makePart<SoSwitch>("geomSwitch"));
   loadFontProperties();
   apply3DParentTranslation();
   fillFromSkin("frame", getSkin().getPart("MenuItemFrame"));
   m_plateTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("itemFrameSep"));
   fillFromSkin("labelProp", SoTextSkin::getProperties());
   makePart<SoGroup>("labelProp");
-  m_line.attach(makePart<SoSeparator>("labelSep"), makePart<SoGroup>("labelProp"), getTextLook(), getHeldPlate());
+  m_line.attach(makePart<SoSeparator>("labelSep"), makePart<SoGroup>("labelProp"), getTextLook(), getPlates());
   listenToPointer3D();
 }
 
-SoGroup* SoMenuItem::getHeldPlate() const
+So3DMenuLine::Plates SoMenuItem::getPlates() const
 {
-  return SoMenuPushButton::getSkin().getPart("MenuPushButtonPressed");
+  return {SoMenuPushButton::getSkin().getPart("MenuPushButtonReleased"),
+          SoMenuPushButton::getSkin().getPart("MenuPushButtonPressed")};
 }
 
 So3DMenuLine::Place SoMenuItem::getLinePlace(int index) const

@@ -101,6 +101,9 @@ public:
   /// The columns that the menu around this item has.
   void setColumns3D(const Columns& columns);
 
+  /// Keeps the plates of disabled menus from shining, in geometry that is being made; their texts are grey.
+  static void insertPlateLook(SoSwitch* geometry);
+
   virtual void create3DItem(int index);   ///< makes the plate and the text
   virtual void update3DItem();            ///< places them
   virtual void draggerStartCallback3D();  ///< the item is held down
@@ -113,7 +116,7 @@ public:
 protected:
   ~SoMenuItem() override;
 
-  /// Heights over the item's plane, in scene units: the plate's front, and what the texts stand on.
+  /// Heights over the item's plane, in scene units: the plate's front, and what texts and marks stand on.
   static constexpr float plateFace = 1.0F;
   static constexpr float textSurface = 2.0F;
 
@@ -140,8 +143,8 @@ protected:
   /// The room that a shortcut takes in its column, with the gap before it; 0 for none.
   static int getShortcutRoom(const SbString& shortcut);
 
-  /// The geometry of a line that is held down; nullptr when the item shows that itself.
-  virtual SoGroup* getHeldPlate() const;
+  /// The geometry of the item's lines: that of commands, so that a menu is of one piece.
+  virtual So3DMenuLine::Plates getPlates() const;
 
   /// The place of line \a index of the item.
   So3DMenuLine::Place getLinePlace(int index) const;

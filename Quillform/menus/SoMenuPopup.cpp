@@ -237,9 +237,9 @@ void SoMenuPopup::create3DPopup(int /*index*/)
   makePart<SoSwitch>("geomSwitch")->addChild(m_panel);
 }
 
-SoGroup* SoMenuPopup::getHeldPlate() const
+So3DMenuLine::Plates SoMenuPopup::getPlates() const
 {
-  return nullptr; // the title is held down as long as the menu is open
+  return {}; // the title has its own
 }
 
 SbString SoMenuPopup::getShortcutText() const

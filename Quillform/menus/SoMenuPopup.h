@@ -94,7 +94,7 @@ protected:
   ~SoMenuPopup() override;
 
   SoChildElements& elements() override;
-  SoGroup* getHeldPlate() const override;
+  So3DMenuLine::Plates getPlates() const override;
   SbString getShortcutText() const override;
   void updateLines3D() override;
   int getLineUnderPointer3D() override;

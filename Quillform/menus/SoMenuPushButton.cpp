@@ -143,9 +143,9 @@ void SoMenuPushButton::update3DItem()
   So3DPlacement::place(m_buttonTransform, QRect(0, 0, size[0], size[1]), size, plateFace);
 }
 
-SoGroup* SoMenuPushButton::getHeldPlate() const
+So3DMenuLine::Plates SoMenuPushButton::getPlates() const
 {
-  return nullptr; // the button itself looks pressed
+  return {}; // a part of the command
 }
 
 SbString SoMenuPushButton::getShortcutText() const

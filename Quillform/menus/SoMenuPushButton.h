@@ -65,7 +65,7 @@ public:
 protected:
   ~SoMenuPushButton() override;
 
-  SoGroup* getHeldPlate() const override;
+  So3DMenuLine::Plates getPlates() const override;
   SbString getShortcutText() const override;
   void setHeld3D(int line, bool held) override;
 

@@ -275,7 +275,7 @@ void SoMenuRadioButtons::addRow(SoSeparator* mark, SoSwitch* state)
   Row row = {mark, new SoSeparator, So3DPlacement::insertTransform(mark), state, {}};
   makePart<SoSeparator>("labelSep")->addChild(row.text);
   row.text->addChild(makePart<SoGroup>("labelProp"));
-  row.line.attach(row.text, makePart<SoGroup>("labelProp"), getTextLook(), inherited::getHeldPlate());
+  row.line.attach(row.text, makePart<SoGroup>("labelProp"), getTextLook(), inherited::getPlates());
   m_rows.push_back(row);
 }
 
@@ -311,7 +311,7 @@ void SoMenuRadioButtons::updateLines3D()
     buildTitleForMotifMenu(items[i], title);
     row.line.setTexts(title, getEntryShortcut(i));
     row.line.place(getLinePlace(i), LEFT, getBoundingBoxAction());
-    So3DPlacement::place(row.markTransform, getMarkRect(i), getItemSize(), plateFace);
+    So3DPlacement::place(row.markTransform, getMarkRect(i), getItemSize(), textSurface);
   }
   change3DSelectedItem();
 }
@@ -336,6 +336,11 @@ void SoMenuRadioButtons::update3DAfterSkinChange()
     row.line.forgetExtents();
   }
   inherited::update3DAfterSkinChange();
+}
+
+So3DMenuLine::Plates SoMenuRadioButtons::getPlates() const
+{
+  return {}; // each row has its own
 }
 
 int SoMenuRadioButtons::getLineUnderPointer3D()

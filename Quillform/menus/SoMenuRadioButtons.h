@@ -88,6 +88,7 @@ public:
 protected:
   ~SoMenuRadioButtons() override;
 
+  So3DMenuLine::Plates getPlates() const override;
   SbString getShownText() const override;
   void updateLines3D() override;
   int getLineUnderPointer3D() override;

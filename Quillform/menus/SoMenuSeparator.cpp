@@ -73,6 +73,11 @@ void SoMenuSeparator::update3DItem()
                        plateFace);
 }
 
+So3DMenuLine::Plates SoMenuSeparator::getPlates() const
+{
+  return {}; // the line lies on the item's own
+}
+
 int SoMenuSeparator::getLineUnderPointer3D()
 {
   return -1; // there is nothing to choose

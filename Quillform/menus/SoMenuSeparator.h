@@ -35,6 +35,7 @@ public:
 protected:
   ~SoMenuSeparator() override;
 
+  So3DMenuLine::Plates getPlates() const override;
   SbString getShownText() const override;
   int getLineUnderPointer3D() override;
 
