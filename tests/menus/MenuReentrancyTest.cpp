@@ -61,7 +61,8 @@ protected:
       Menus::choose(inner, 0);
       return;
     }
-    Menus::choose(popup, item<SoMenuPopup>("menu")->findChild(entry) + line);
+    const int child = item<SoMenuPopup>("menu")->findChild(entry);
+    Menus::choose(popup, child + (child > 2 ? 1 : line)); // the radio group is two actions
   }
 
   /// The same through the keyboard, which only a window has.
@@ -176,7 +177,7 @@ TEST_P(MenuReentrancyTest, theDialogIsClosedByAnEntrysAuditor)
   choose("deep");
   settle();
   EXPECT_EQ(heard.events, Texts{"push deep"});
-  EXPECT_EQ(SoQuillform::getInstanceCount(), before - 9);
+  EXPECT_EQ(SoQuillform::getInstanceCount(), before - 10);
 }
 
 TEST_P(MenuReentrancyTest, theDialogIsDestroyedAndBuiltAgainByAnEntrysAuditor)
@@ -259,6 +260,7 @@ TEST_P(MenuReentrancyTest, aNodeMayOutliveItsDialog)
   open();
   auto* deep = item<SoMenuPushButton>("deep");
   auto* menu = item<SoMenuPopup>("menu");
+  auto* line = new SoMenuSeparator;
   deep->ref();
   menu->ref();
   removeFromScene();
@@ -271,7 +273,7 @@ TEST_P(MenuReentrancyTest, aNodeMayOutliveItsDialog)
   deep->accelerator = "F9";
   deep->enable = FALSE;
   menu->label = "changed";
-  menu->addChild(new SoMenuSeparator);
+  menu->addChild(line);
   EXPECT_EQ(deep->getMenuBar(), nullptr);
   deep->unref();
   menu->unref();
