@@ -11,6 +11,7 @@
 #include <Quillform/menus/SoMenuBar.h>
 #include <Quillform/menus/SoMenuPopup.h>
 #include <Quillform/menus/SoMenuPushButton.h>
+#include <Quillform/menus/SoMenuQItem.h>
 #include <algorithm>
 #include <cstdint>
 #include <string>
@@ -65,7 +66,10 @@ SoMenuItem::SoMenuItem()
   SO_KIT_INIT_INSTANCE();
 }
 
-SoMenuItem::~SoMenuItem() = default;
+SoMenuItem::~SoMenuItem()
+{
+  SoMenuQItem::end(m_relay);
+}
 
 SoMenuBar* SoMenuItem::getMenuBar() const
 {
@@ -182,6 +186,13 @@ void SoMenuItem::buildMenu(void* parentMenu, int asWidget, int index)
   buildWidget(nullptr, size, position, asWidget);
   if (asWidget != 0) {
     m_parentMenu = static_cast<QWidget*>(parentMenu);
+    if (m_relay && getParentMenu()) {
+      m_relay->moveTo(getParentMenu());
+    }
+    else if (getParentMenu()) {
+      insertMenuItem(index);
+      updateMenuItem();
+    }
     return;
   }
   if (isBuilt3D() == 0) {
@@ -191,14 +202,67 @@ void SoMenuItem::buildMenu(void* parentMenu, int asWidget, int index)
   update3DItem();
 }
 
-QWidget* SoMenuItem::getParentMenuWidget() const
-{
-  return m_parentMenu;
-}
-
 QMenu* SoMenuItem::getParentMenu() const
 {
   return qobject_cast<QMenu*>(m_parentMenu);
+}
+
+void SoMenuItem::insertMenuItem(int /*index*/) {}
+
+void SoMenuItem::setRelay(SoMenuQItem* relay)
+{
+  m_relay = relay;
+}
+
+SoMenuQItem* SoMenuItem::getRelay() const
+{
+  return m_relay;
+}
+
+void SoMenuItem::setShortcut(const SbString& accel)
+{
+  if (m_relay) {
+    m_relay->setAccel(getShortcut(accel, m_refusedShortcut).getString());
+  }
+}
+
+void SoMenuItem::destroyWidget()
+{
+  if (m_relay) {
+    m_relay->takeOut();
+  }
+  m_parentMenu = nullptr;
+  inherited::destroyWidget();
+}
+
+// Reactions
+
+void SoMenuItem::updateFromSensor(SoSensor* sensor)
+{
+  const SoField* field = SoWatchedFields::getFired(sensor);
+  const bool standsInNoMenu = !isWidgetBuilt();
+  inherited::updateFromSensor(sensor);
+  // The action follows all the same, for the next menu.
+  if (standsInNoMenu && field == &enable) {
+    changeEnable();
+  }
+  else if (standsInNoMenu && field == &label) {
+    changeLabel();
+  }
+}
+
+void SoMenuItem::changeEnable()
+{
+  if (m_relay) {
+    m_relay->setEnable(enable.getValue());
+  }
+}
+
+void SoMenuItem::changeLabel()
+{
+  if (m_relay) {
+    m_relay->setText(getShownText().getString());
+  }
 }
 
 void SoMenuItem::menuEvent(void* /*action*/, int /*id*/) {}

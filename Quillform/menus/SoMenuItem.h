@@ -9,6 +9,7 @@
 
 class QMenu;
 class SoMenuBar;
+class SoMenuQItem;
 
 /// Base of everything that stands in a pop-up menu, pop-up menus included. Its text is the `label`, with "&" before
 /// the mnemonic letter.
@@ -77,6 +78,15 @@ public:
   /// Without effect.
   virtual void destroyNoDeleteMenuItem();
 
+  /// Adds the item to the end of the menu around it. \a index has no meaning.
+  virtual void insertMenuItem(int index);
+  void updateMenuItem() {} ///< without effect
+
+  void destroyWidget() override;
+  void updateFromSensor(SoSensor* sensor) override;
+  void changeEnable() override;
+  void changeLabel() override;
+
   /// The size that the item needs in a menu of the scene, without its shortcut, in pixels.
   virtual SbVec2i32 getItemInitSize();
 
@@ -125,7 +135,14 @@ protected:
   static constexpr int arrowColumn = 14; ///< room for an arrow right of the shortcut
 
   QMenu* getParentMenu() const; ///< given to buildMenu; nullptr for an item of a bar and after Qt destroyed it
-  QWidget* getParentMenuWidget() const;
+
+  /// \name The action of an item that has one
+  /// Its relay is made by the first build and lives as long as the node; menus come and go.
+  /// @{
+  void setRelay(SoMenuQItem* relay);
+  SoMenuQItem* getRelay() const; ///< nullptr before the first build and after Qt destroyed it
+  void setShortcut(const SbString& accel);
+  /// @}
 
   /// The text of the item as it is displayed, with its mnemonic mark.
   virtual SbString getShownText() const;
@@ -171,6 +188,8 @@ protected:
   So3DMenuLine m_line; ///< the item's text in the scene
 
 private:
+  QPointer<SoMenuQItem> m_relay;           // see setRelay
+  SbString m_refusedShortcut;              // see getShortcut
   QPointer<QWidget> m_parentMenu;          // the QMenu or QMenuBar around the item
   SbVec2i32 m_itemSize{0, 0};              // in the scene
   Columns m_columns;                       // of the menu around the item

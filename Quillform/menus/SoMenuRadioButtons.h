@@ -75,8 +75,7 @@ public:
   void changeItems();
   void changeAccelerators();
 
-  void insertMenuItem(int index); ///< makes the relays, with their actions
-  void updateMenuItem() {}        ///< without effect
+  void insertMenuItem(int index) override; ///< makes the relays, with their actions
 
   void create3DItem(int index) override;
   void change3DSelectedItem();
@@ -106,6 +105,7 @@ private:
     So3DMenuLine line;
   };
 
+  void makeRelays();
   void choose(int entry);
   void endRelays();
   SbString getEntryShortcut(int index) const;

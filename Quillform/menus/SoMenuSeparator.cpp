@@ -36,15 +36,6 @@ SbVec2i32 SoMenuSeparator::getItemInitSize()
   return {separatorWidth, separatorHeight};
 }
 
-void SoMenuSeparator::buildMenu(void* parentMenu, int asWidget, int index)
-{
-  inherited::buildMenu(parentMenu, asWidget, index);
-  if (asWidget != 0 && getParentMenu()) {
-    insertMenuItem(index);
-    updateMenuItem();
-  }
-}
-
 void SoMenuSeparator::insertMenuItem(int /*index*/)
 {
   getParentMenu()->addSeparator(); // the menu owns it and clears it away
