@@ -7,15 +7,17 @@
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoQuillform.h>
 
-void So3DMenuLine::attach(SoSeparator* group, SoGroup* properties, SoMaterial* look, SoGroup* heldPlate)
+void So3DMenuLine::attach(SoSeparator* group, SoGroup* properties, SoMaterial* look, const Plates& plates)
 {
-  if (heldPlate) {
-    m_held = new SoSwitch;
+  if (plates.released) {
     auto* plate = new SoSeparator;
     m_plate = So3DPlacement::insertTransform(plate);
-    plate->addChild(heldPlate);
-    m_held->addChild(plate);
-    group->insertChild(m_held, 0); // before the text properties, whose offset is for texts
+    m_looks = new SoSwitch;
+    m_looks->addChild(plates.released);
+    m_looks->addChild(plates.held);
+    plate->addChild(m_looks);
+    group->insertChild(plate, 0); // before the text properties, whose offset is for texts
+    setHeld(false);
   }
   auto* shortcut = new SoSeparator; // keeps its place to itself
   m_shortcut.attach(shortcut, properties, look);
@@ -50,8 +52,8 @@ void So3DMenuLine::place(const Place& place, int alignment, SoGetBoundingBoxActi
 
 void So3DMenuLine::setHeld(bool held)
 {
-  if (m_held) {
-    m_held->whichChild = held ? SO_SWITCH_ALL : SO_SWITCH_NONE;
+  if (m_looks) {
+    m_looks->whichChild = held ? 1 : 0;
   }
 }
 

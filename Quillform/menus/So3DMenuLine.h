@@ -7,8 +7,8 @@ class SoMaterial;
 class SoSeparator;
 class SoSwitch;
 
-/// What an open menu in the scene says in one line: a text at the left and the name of the shortcut at the right, on
-/// a plate that is shown while the line is held down.
+/// One line of an open menu in the scene: a text at the left and the name of the shortcut at the right, on a plate that
+/// shows whether the line is held down.
 ///
 /// The nodes belong to the group that they are attached to.
 class So3DMenuLine {
@@ -22,9 +22,15 @@ public:
     float plate, surface; ///< heights of the plate's foot and of what the texts stand on
   };
 
+  /// The geometry of the plate; nothing for a line that has a plate of its own.
+  struct Plates {
+    SoGroup* released = nullptr;
+    SoGroup* held = nullptr;
+  };
+
   /// Adds the line to \a group, which holds the text properties \a properties already. \a look, of the element, says
-  /// how a disabled text looks. \a heldPlate is the plate's geometry, nullptr for a line that has a plate of its own.
-  void attach(SoSeparator* group, SoGroup* properties, SoMaterial* look, SoGroup* heldPlate);
+  /// how a disabled text looks.
+  void attach(SoSeparator* group, SoGroup* properties, SoMaterial* look, const Plates& plates);
   bool isAttached() const;
 
   /// Both as they are displayed, Latin-1.
@@ -41,8 +47,8 @@ private:
   So3DText m_shortcut;
   SbString m_shownText; // measuring a text anew takes long
   SbString m_shownShortcut;
-  SoSwitch* m_held = nullptr;     // shows the plate; nullptr without one
-  SoTransform* m_plate = nullptr; // of the plate
+  SoSwitch* m_looks = nullptr;    // of the plate; nullptr without one
+  SoTransform* m_plate = nullptr; // likewise
 };
 
 #endif // QUILLFORM_SO3DMENULINE_H

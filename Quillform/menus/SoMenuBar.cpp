@@ -2,6 +2,7 @@
 
 #include <Inventor/errors/SoDebugError.h>
 #include <Inventor/nodes/SoSeparator.h>
+#include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoTransform.h>
 #include <QBoxLayout>
 #include <QFontMetrics>
@@ -234,6 +235,7 @@ void SoMenuBar::changeEnable()
 void SoMenuBar::create3DBar()
 {
   apply3DParentTranslation();
+  SoMenuItem::insertPlateLook(makePart<SoSwitch>("geomSwitch"));
   fillFromSkin("frame", getSkin().getPart("MenuBarFrame"));
   m_frameTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("frameSep"));
   listenToPointer3D();

@@ -32,10 +32,7 @@ SoMenuCheckBox::SoMenuCheckBox()
   SO_KIT_INIT_INSTANCE();
 }
 
-SoMenuCheckBox::~SoMenuCheckBox()
-{
-  SoMenuQItem::end(m_relay);
-}
+SoMenuCheckBox::~SoMenuCheckBox() = default;
 
 // Auditors
 
@@ -66,16 +63,6 @@ SbVec2i32 SoMenuCheckBox::getItemInitSize()
 void SoMenuCheckBox::buildMenu(void* parentMenu, int asWidget, int index)
 {
   inherited::buildMenu(parentMenu, asWidget, index);
-  if (asWidget != 0 && getParentMenu()) {
-    if (!m_relay) {
-      insertMenuItem(index);
-    }
-    else {
-      m_relay->moveTo(getParentMenu()); // the relay lives as long as the node, menus come and go
-      changeLabel();
-    }
-    updateMenuItem();
-  }
   m_watched.watch(state);
   m_watched.watch(onString);
   m_watched.watch(accelerator);
@@ -83,18 +70,10 @@ void SoMenuCheckBox::buildMenu(void* parentMenu, int asWidget, int index)
 
 void SoMenuCheckBox::insertMenuItem(int index)
 {
-  m_relay = new SoMenuQCheckBox(getParentMenu(), index, ID++, this);
+  setRelay(new SoMenuQCheckBox(getParentMenu(), index, ID++, this));
   // Neither the check mark nor the enable state is applied before the field changes: this is meant.
   changeLabel();
   changeAccelerator();
-}
-
-void SoMenuCheckBox::destroyWidget()
-{
-  if (m_relay) {
-    m_relay->takeOut();
-  }
-  inherited::destroyWidget();
 }
 
 // Reactions
@@ -149,24 +128,10 @@ SbString SoMenuCheckBox::getShownText() const
   return convertToCString(isOn ? onString.getValue() : label.getValue(), this);
 }
 
-void SoMenuCheckBox::changeLabel()
-{
-  if (m_relay) {
-    m_relay->setText(getShownText().getString());
-  }
-}
-
-void SoMenuCheckBox::changeEnable()
-{
-  if (m_relay) {
-    m_relay->setEnable(enable.getValue());
-  }
-}
-
 void SoMenuCheckBox::changeState()
 {
-  if (m_relay) {
-    m_relay->setChecked(state.getValue());
+  if (auto* relay = static_cast<SoMenuQCheckBox*>(getRelay())) {
+    relay->setChecked(state.getValue());
   }
   changeLabel();
 }
@@ -178,9 +143,7 @@ void SoMenuCheckBox::changeOnString()
 
 void SoMenuCheckBox::changeAccelerator()
 {
-  if (m_relay) {
-    m_relay->setAccel(getShortcut(accelerator.getValue(), m_refusedAccelerator).getString());
-  }
+  setShortcut(accelerator.getValue());
 }
 
 // The 3D form
@@ -210,7 +173,7 @@ void SoMenuCheckBox::create3DItem(int index)
 void SoMenuCheckBox::update3DItem()
 {
   inherited::update3DItem();
-  So3DPlacement::place(m_markTransform, getMarkRect(0), getItemSize(), plateFace);
+  So3DPlacement::place(m_markTransform, getMarkRect(0), getItemSize(), textSurface);
 }
 
 void SoMenuCheckBox::change3DState()

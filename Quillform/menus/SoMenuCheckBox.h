@@ -4,7 +4,6 @@
 #include <Quillform/menus/SoMenuItem.h>
 
 class SoMenuCheckBoxAuditor;
-class SoMenuQCheckBox;
 
 /// An entry of a menu that is on or off.
 ///
@@ -56,17 +55,13 @@ public:
 
   void buildMenu(void* parentMenu, int asWidget, int index) override;
   void menuEvent(void* action, int id) override;
-  void destroyWidget() override;
   void updateFromSensor(SoSensor* sensor) override;
   SbVec2i32 getItemInitSize() override;
-  void changeEnable() override;
-  void changeLabel() override;
   void changeState();
   void changeOnString();
   void changeAccelerator();
 
-  void insertMenuItem(int index); ///< makes the relay, with its action
-  void updateMenuItem() {}        ///< without effect
+  void insertMenuItem(int index) override; ///< makes the relay, with its action
 
   void create3DItem(int index) override;
   void update3DItem() override;
@@ -82,8 +77,6 @@ protected:
   SbString getShortcutText() const override;
 
 private:
-  QPointer<SoMenuQCheckBox> m_relay;      // made by the first build
-  SbString m_refusedAccelerator;          // see getShortcut
   SoTransform* m_markTransform = nullptr; // below chkSep, which owns it
 };
 

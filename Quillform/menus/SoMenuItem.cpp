@@ -3,6 +3,7 @@
 #include <Inventor/errors/SoDebugError.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
+#include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoTransform.h>
 #include <QMenu>
 #include <Quillform/core/So3DPlacement.h>
@@ -10,6 +11,7 @@
 #include <Quillform/menus/SoMenuBar.h>
 #include <Quillform/menus/SoMenuPopup.h>
 #include <Quillform/menus/SoMenuPushButton.h>
+#include <Quillform/menus/SoMenuQItem.h>
 #include <algorithm>
 #include <cstdint>
 #include <string>
@@ -64,7 +66,10 @@ SoMenuItem::SoMenuItem()
   SO_KIT_INIT_INSTANCE();
 }
 
-SoMenuItem::~SoMenuItem() = default;
+SoMenuItem::~SoMenuItem()
+{
+  SoMenuQItem::end(m_relay);
+}
 
 SoMenuBar* SoMenuItem::getMenuBar() const
 {
@@ -181,6 +186,13 @@ void SoMenuItem::buildMenu(void* parentMenu, int asWidget, int index)
   buildWidget(nullptr, size, position, asWidget);
   if (asWidget != 0) {
     m_parentMenu = static_cast<QWidget*>(parentMenu);
+    if (m_relay && getParentMenu()) {
+      m_relay->moveTo(getParentMenu());
+    }
+    else if (getParentMenu()) {
+      insertMenuItem(index);
+      updateMenuItem();
+    }
     return;
   }
   if (isBuilt3D() == 0) {
@@ -190,14 +202,67 @@ void SoMenuItem::buildMenu(void* parentMenu, int asWidget, int index)
   update3DItem();
 }
 
-QWidget* SoMenuItem::getParentMenuWidget() const
-{
-  return m_parentMenu;
-}
-
 QMenu* SoMenuItem::getParentMenu() const
 {
   return qobject_cast<QMenu*>(m_parentMenu);
+}
+
+void SoMenuItem::insertMenuItem(int /*index*/) {}
+
+void SoMenuItem::setRelay(SoMenuQItem* relay)
+{
+  m_relay = relay;
+}
+
+SoMenuQItem* SoMenuItem::getRelay() const
+{
+  return m_relay;
+}
+
+void SoMenuItem::setShortcut(const SbString& accel)
+{
+  if (m_relay) {
+    m_relay->setAccel(getShortcut(accel, m_refusedShortcut).getString());
+  }
+}
+
+void SoMenuItem::destroyWidget()
+{
+  if (m_relay) {
+    m_relay->takeOut();
+  }
+  m_parentMenu = nullptr;
+  inherited::destroyWidget();
+}
+
+// Reactions
+
+void SoMenuItem::updateFromSensor(SoSensor* sensor)
+{
+  const SoField* field = SoWatchedFields::getFired(sensor);
+  const bool standsInNoMenu = !isWidgetBuilt();
+  inherited::updateFromSensor(sensor);
+  // The action follows all the same, for the next menu.
+  if (standsInNoMenu && field == &enable) {
+    changeEnable();
+  }
+  else if (standsInNoMenu && field == &label) {
+    changeLabel();
+  }
+}
+
+void SoMenuItem::changeEnable()
+{
+  if (m_relay) {
+    m_relay->setEnable(enable.getValue());
+  }
+}
+
+void SoMenuItem::changeLabel()
+{
+  if (m_relay) {
+    m_relay->setText(getShownText().getString());
+  }
 }
 
 void SoMenuItem::menuEvent(void* /*action*/, int /*id*/) {}
@@ -242,21 +307,35 @@ void SoMenuItem::setColumns3D(const Columns& columns)
 
 // The 3D form
 
+void SoMenuItem::insertPlateLook(SoSwitch* geometry)
+{
+  auto* look = new SoMaterial;
+  look->emissiveColor = SbColor(0.0F, 0.0F, 0.0F);
+  for (SoField* field : {static_cast<SoField*>(&look->ambientColor), static_cast<SoField*>(&look->diffuseColor),
+                         static_cast<SoField*>(&look->specularColor), static_cast<SoField*>(&look->shininess),
+                         static_cast<SoField*>(&look->transparency)}) {
+    field->setIgnored(TRUE);
+  }
+  geometry->insertChild(look, 2); // behind the pick style and the material of every element
+}
+
 void SoMenuItem::create3DItem(int /*index*/)
 {
+  insertPlateLook(makePart<SoSwitch>("geomSwitch"));
   loadFontProperties();
   apply3DParentTranslation();
   fillFromSkin("frame", getSkin().getPart("MenuItemFrame"));
   m_plateTransform = So3DPlacement::insertTransform(makePart<SoSeparator>("itemFrameSep"));
   fillFromSkin("labelProp", SoTextSkin::getProperties());
   makePart<SoGroup>("labelProp");
-  m_line.attach(makePart<SoSeparator>("labelSep"), makePart<SoGroup>("labelProp"), getTextLook(), getHeldPlate());
+  m_line.attach(makePart<SoSeparator>("labelSep"), makePart<SoGroup>("labelProp"), getTextLook(), getPlates());
   listenToPointer3D();
 }
 
-SoGroup* SoMenuItem::getHeldPlate() const
+So3DMenuLine::Plates SoMenuItem::getPlates() const
 {
-  return SoMenuPushButton::getSkin().getPart("MenuPushButtonPressed");
+  return {SoMenuPushButton::getSkin().getPart("MenuPushButtonReleased"),
+          SoMenuPushButton::getSkin().getPart("MenuPushButtonPressed")};
 }
 
 So3DMenuLine::Place SoMenuItem::getLinePlace(int index) const

@@ -9,6 +9,7 @@
 
 class QMenu;
 class SoMenuBar;
+class SoMenuQItem;
 
 /// Base of everything that stands in a pop-up menu, pop-up menus included. Its text is the `label`, with "&" before
 /// the mnemonic letter.
@@ -77,6 +78,15 @@ public:
   /// Without effect.
   virtual void destroyNoDeleteMenuItem();
 
+  /// Adds the item to the end of the menu around it. \a index has no meaning.
+  virtual void insertMenuItem(int index);
+  void updateMenuItem() {} ///< without effect
+
+  void destroyWidget() override;
+  void updateFromSensor(SoSensor* sensor) override;
+  void changeEnable() override;
+  void changeLabel() override;
+
   /// The size that the item needs in a menu of the scene, without its shortcut, in pixels.
   virtual SbVec2i32 getItemInitSize();
 
@@ -101,6 +111,9 @@ public:
   /// The columns that the menu around this item has.
   void setColumns3D(const Columns& columns);
 
+  /// Keeps the plates of disabled menus from shining, in geometry that is being made; their texts are grey.
+  static void insertPlateLook(SoSwitch* geometry);
+
   virtual void create3DItem(int index);   ///< makes the plate and the text
   virtual void update3DItem();            ///< places them
   virtual void draggerStartCallback3D();  ///< the item is held down
@@ -113,7 +126,7 @@ public:
 protected:
   ~SoMenuItem() override;
 
-  /// Heights over the item's plane, in scene units: the plate's front, and what the texts stand on.
+  /// Heights over the item's plane, in scene units: the plate's front, and what texts and marks stand on.
   static constexpr float plateFace = 1.0F;
   static constexpr float textSurface = 2.0F;
 
@@ -125,7 +138,14 @@ protected:
   SbVec3f getLaunchPlaceBeside3D() const;
 
   QMenu* getParentMenu() const; ///< given to buildMenu; nullptr for an item of a bar and after Qt destroyed it
-  QWidget* getParentMenuWidget() const;
+
+  /// \name The action of an item that has one
+  /// Its relay is made by the first build and lives as long as the node; menus come and go.
+  /// @{
+  void setRelay(SoMenuQItem* relay);
+  SoMenuQItem* getRelay() const; ///< nullptr before the first build and after Qt destroyed it
+  void setShortcut(const SbString& accel);
+  /// @}
 
   /// The text of the item as it is displayed, with its mnemonic mark.
   virtual SbString getShownText() const;
@@ -143,8 +163,8 @@ protected:
   /// The room that a shortcut takes in its column, with the gap before it; 0 for none.
   static int getShortcutRoom(const SbString& shortcut);
 
-  /// The geometry of a line that is held down; nullptr when the item shows that itself.
-  virtual SoGroup* getHeldPlate() const;
+  /// The geometry of the item's lines: that of commands, so that a menu is of one piece.
+  virtual So3DMenuLine::Plates getPlates() const;
 
   /// The place of line \a index of the item.
   So3DMenuLine::Place getLinePlace(int index) const;
@@ -171,6 +191,8 @@ protected:
   So3DMenuLine m_line; ///< the item's text in the scene
 
 private:
+  QPointer<SoMenuQItem> m_relay;           // see setRelay
+  SbString m_refusedShortcut;              // see getShortcut
   QPointer<QWidget> m_parentMenu;          // the QMenu or QMenuBar around the item
   SbVec2i32 m_itemSize{0, 0};              // in the scene
   Columns m_columns;                       // of the menu around the item

@@ -104,10 +104,7 @@ void SoMenuPopup::buildMenu(void* parentMenu, int asWidget, int index)
   const SbBool wasBuilt3D = isBuilt3D();
   inherited::buildMenu(parentMenu, asWidget, index);
   if (asWidget != 0) {
-    if (!m_menu) {
-      insertMenuItem(index);
-    }
-    updateMenuItem();
+    insertMenuItem(index); // into a bar; into a menu that has happened
   }
   else {
     if (!wasBuilt3D) {
@@ -121,6 +118,9 @@ void SoMenuPopup::buildMenu(void* parentMenu, int asWidget, int index)
 
 void SoMenuPopup::insertMenuItem(int /*index*/)
 {
+  if (m_menu) {
+    return;
+  }
   QMenuBar* bar = isInBar() ? static_cast<SoMenuBar*>(getParent())->getMenu() : nullptr;
   if (bar) {
     m_menu = bar->addMenu(QString());
@@ -237,9 +237,9 @@ void SoMenuPopup::create3DPopup(int /*index*/)
   makePart<SoSwitch>("geomSwitch")->addChild(m_panel);
 }
 
-SoGroup* SoMenuPopup::getHeldPlate() const
+So3DMenuLine::Plates SoMenuPopup::getPlates() const
 {
-  return nullptr; // the title is held down as long as the menu is open
+  return {}; // the title has its own
 }
 
 SbString SoMenuPopup::getShortcutText() const

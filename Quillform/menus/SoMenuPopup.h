@@ -64,12 +64,11 @@ public:
 
   /// \name Steps of the build
   /// @{
-  void insertMenuItem(int index); ///< makes the QMenu, at the end of the menu or bar around it, with all its items
-  void updateMenuItem() {}        ///< without effect
-  void create3DPopup(int index);  ///< makes the 3D form
-  void update3DPopup();           ///< places the title
-  void update3DChildrenSize();    ///< gives all items one width
-  void update3DChildren();        ///< builds the 3D forms of the items
+  void insertMenuItem(int index) override; ///< makes the QMenu, once, with all its items
+  void create3DPopup(int index);           ///< makes the 3D form
+  void update3DPopup();                    ///< places the title
+  void update3DChildrenSize();             ///< gives all items one width
+  void update3DChildren();                 ///< builds the 3D forms of the items
   /// @}
 
   /// \name 3D form
@@ -94,7 +93,7 @@ protected:
   ~SoMenuPopup() override;
 
   SoChildElements& elements() override;
-  SoGroup* getHeldPlate() const override;
+  So3DMenuLine::Plates getPlates() const override;
   SbString getShortcutText() const override;
   void updateLines3D() override;
   int getLineUnderPointer3D() override;

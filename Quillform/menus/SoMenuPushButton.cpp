@@ -28,10 +28,7 @@ SoMenuPushButton::SoMenuPushButton()
   SO_KIT_INIT_INSTANCE();
 }
 
-SoMenuPushButton::~SoMenuPushButton()
-{
-  SoMenuQItem::end(m_relay);
-}
+SoMenuPushButton::~SoMenuPushButton() = default;
 
 // Auditors
 
@@ -55,34 +52,15 @@ void SoMenuPushButton::applyDlgCptAuditor()
 void SoMenuPushButton::buildMenu(void* parentMenu, int asWidget, int index)
 {
   inherited::buildMenu(parentMenu, asWidget, index);
-  if (asWidget != 0 && getParentMenu()) {
-    if (!m_relay) {
-      insertMenuItem(index);
-    }
-    else {
-      m_relay->moveTo(getParentMenu()); // the relay lives as long as the node, menus come and go
-      changeLabel();
-      changeEnable();
-    }
-    updateMenuItem();
-  }
   m_watched.watch(accelerator);
 }
 
 void SoMenuPushButton::insertMenuItem(int index)
 {
-  m_relay = new SoMenuQPushButton(getParentMenu(), index, ID++, this);
+  setRelay(new SoMenuQPushButton(getParentMenu(), index, ID++, this));
   changeLabel();
   changeEnable();
   changeAccelerator();
-}
-
-void SoMenuPushButton::destroyWidget()
-{
-  if (m_relay) {
-    m_relay->takeOut();
-  }
-  inherited::destroyWidget();
 }
 
 // Reactions
@@ -104,25 +82,9 @@ void SoMenuPushButton::updateFromSensor(SoSensor* sensor)
   }
 }
 
-void SoMenuPushButton::changeLabel()
-{
-  if (m_relay) {
-    m_relay->setText(getShownText().getString());
-  }
-}
-
-void SoMenuPushButton::changeEnable()
-{
-  if (m_relay) {
-    m_relay->setEnable(enable.getValue());
-  }
-}
-
 void SoMenuPushButton::changeAccelerator()
 {
-  if (m_relay) {
-    m_relay->setAccel(getShortcut(accelerator.getValue(), m_refusedAccelerator).getString());
-  }
+  setShortcut(accelerator.getValue());
 }
 
 // The 3D form
@@ -143,9 +105,9 @@ void SoMenuPushButton::update3DItem()
   So3DPlacement::place(m_buttonTransform, QRect(0, 0, size[0], size[1]), size, plateFace);
 }
 
-SoGroup* SoMenuPushButton::getHeldPlate() const
+So3DMenuLine::Plates SoMenuPushButton::getPlates() const
 {
-  return nullptr; // the button itself looks pressed
+  return {}; // a part of the command
 }
 
 SbString SoMenuPushButton::getShortcutText() const

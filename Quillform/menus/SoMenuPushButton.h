@@ -4,7 +4,6 @@
 #include <Quillform/menus/SoMenuItem.h>
 
 class SoMenuPushButtonAuditor;
-class SoMenuQPushButton;
 
 /// A command in a menu.
 ///
@@ -49,14 +48,10 @@ public:
 
   void buildMenu(void* parentMenu, int asWidget, int index) override;
   void menuEvent(void* action, int id) override;
-  void destroyWidget() override;
   void updateFromSensor(SoSensor* sensor) override;
-  void changeEnable() override;
-  void changeLabel() override;
   void changeAccelerator();
 
-  void insertMenuItem(int index); ///< makes the relay, with its action
-  void updateMenuItem() {}        ///< without effect
+  void insertMenuItem(int index) override; ///< makes the relay, with its action
 
   void create3DItem(int index) override;
   void update3DItem() override;
@@ -65,7 +60,7 @@ public:
 protected:
   ~SoMenuPushButton() override;
 
-  SoGroup* getHeldPlate() const override;
+  So3DMenuLine::Plates getPlates() const override;
   SbString getShortcutText() const override;
   void setHeld3D(int line, bool held) override;
 
@@ -73,8 +68,6 @@ protected:
   virtual void choose3D();
 
 private:
-  QPointer<SoMenuQPushButton> m_relay;      // made by the first build
-  SbString m_refusedAccelerator;            // see getShortcut
   SoTransform* m_buttonTransform = nullptr; // below btnSep, which owns it
 };
 

@@ -77,28 +77,25 @@ SbVec2i32 SoMenuRadioButtons::getItemInitSize()
 void SoMenuRadioButtons::buildMenu(void* parentMenu, int asWidget, int index)
 {
   inherited::buildMenu(parentMenu, asWidget, index);
-  if (asWidget != 0 && getParentMenu()) {
-    // Qt may have destroyed the relays, at the end of the application object.
-    const bool isComplete = std::all_of(m_relays.cbegin(), m_relays.cend(),
-                                        [](const QPointer<SoMenuQRadioButtons>& relay) { return !relay.isNull(); });
-    if (!m_isInserted || !isComplete) {
-      insertMenuItem(index);
-    }
-    else {
-      for (SoMenuQRadioButtons* relay : m_relays) {
-        relay->moveTo(getParentMenu()); // the relays live as long as the node, menus come and go
-      }
-      changeLabel();
-      changeEnable();
-    }
-    updateMenuItem();
-  }
   m_watched.watch(items);
   m_watched.watch(selectedItem);
   m_watched.watch(accelerators);
 }
 
 void SoMenuRadioButtons::insertMenuItem(int /*index*/)
+{
+  // Qt may have destroyed the relays, at the end of the application object.
+  const bool isComplete = std::all_of(m_relays.cbegin(), m_relays.cend(),
+                                      [](const QPointer<SoMenuQRadioButtons>& relay) { return !relay.isNull(); });
+  if (!m_isInserted || !isComplete) {
+    makeRelays();
+  }
+  for (SoMenuQRadioButtons* relay : m_relays) {
+    relay->moveTo(getParentMenu());
+  }
+}
+
+void SoMenuRadioButtons::makeRelays()
 {
   endRelays();
   m_isInserted = true;
@@ -224,7 +221,7 @@ void SoMenuRadioButtons::changeEnable()
 void SoMenuRadioButtons::changeItems()
 {
   if (m_isInserted) {
-    insertMenuItem(-1); // at the end of the menu: this is meant
+    makeRelays(); // at the end of the menu: this is meant
   }
 }
 
@@ -275,7 +272,7 @@ void SoMenuRadioButtons::addRow(SoSeparator* mark, SoSwitch* state)
   Row row = {mark, new SoSeparator, So3DPlacement::insertTransform(mark), state, {}};
   makePart<SoSeparator>("labelSep")->addChild(row.text);
   row.text->addChild(makePart<SoGroup>("labelProp"));
-  row.line.attach(row.text, makePart<SoGroup>("labelProp"), getTextLook(), inherited::getHeldPlate());
+  row.line.attach(row.text, makePart<SoGroup>("labelProp"), getTextLook(), inherited::getPlates());
   m_rows.push_back(row);
 }
 
@@ -311,7 +308,7 @@ void SoMenuRadioButtons::updateLines3D()
     buildTitleForMotifMenu(items[i], title);
     row.line.setTexts(title, getEntryShortcut(i));
     row.line.place(getLinePlace(i), LEFT, getBoundingBoxAction());
-    So3DPlacement::place(row.markTransform, getMarkRect(i), getItemSize(), plateFace);
+    So3DPlacement::place(row.markTransform, getMarkRect(i), getItemSize(), textSurface);
   }
   change3DSelectedItem();
 }
@@ -336,6 +333,11 @@ void SoMenuRadioButtons::update3DAfterSkinChange()
     row.line.forgetExtents();
   }
   inherited::update3DAfterSkinChange();
+}
+
+So3DMenuLine::Plates SoMenuRadioButtons::getPlates() const
+{
+  return {}; // each row has its own
 }
 
 int SoMenuRadioButtons::getLineUnderPointer3D()

@@ -75,8 +75,7 @@ public:
   void changeItems();
   void changeAccelerators();
 
-  void insertMenuItem(int index); ///< makes the relays, with their actions
-  void updateMenuItem() {}        ///< without effect
+  void insertMenuItem(int index) override; ///< makes the relays, with their actions
 
   void create3DItem(int index) override;
   void change3DSelectedItem();
@@ -88,6 +87,7 @@ public:
 protected:
   ~SoMenuRadioButtons() override;
 
+  So3DMenuLine::Plates getPlates() const override;
   SbString getShownText() const override;
   void updateLines3D() override;
   int getLineUnderPointer3D() override;
@@ -105,6 +105,7 @@ private:
     So3DMenuLine line;
   };
 
+  void makeRelays();
   void choose(int entry);
   void endRelays();
   SbString getEntryShortcut(int index) const;

@@ -36,15 +36,6 @@ SbVec2i32 SoMenuSeparator::getItemInitSize()
   return {separatorWidth, separatorHeight};
 }
 
-void SoMenuSeparator::buildMenu(void* parentMenu, int asWidget, int index)
-{
-  inherited::buildMenu(parentMenu, asWidget, index);
-  if (asWidget != 0 && getParentMenu()) {
-    insertMenuItem(index);
-    updateMenuItem();
-  }
-}
-
 void SoMenuSeparator::insertMenuItem(int /*index*/)
 {
   getParentMenu()->addSeparator(); // the menu owns it and clears it away
@@ -71,6 +62,11 @@ void SoMenuSeparator::update3DItem()
   So3DPlacement::place(m_lineTransform,
                        QRect(textMargin, (size[1] - lineHeight) / 2, size[0] - 2 * textMargin, lineHeight), size,
                        plateFace);
+}
+
+So3DMenuLine::Plates SoMenuSeparator::getPlates() const
+{
+  return {}; // the line lies on the item's own
 }
 
 int SoMenuSeparator::getLineUnderPointer3D()

@@ -23,11 +23,9 @@ public:
 
   SO_SKIN_HEADER();
 
-  void buildMenu(void* parentMenu, int asWidget, int index) override;
   SbVec2i32 getItemInitSize() override;
 
-  void insertMenuItem(int index); ///< adds a separator to the menu
-  void updateMenuItem() {}        ///< without effect
+  void insertMenuItem(int index) override;
 
   void create3DItem(int index) override;
   void update3DItem() override;
@@ -35,6 +33,7 @@ public:
 protected:
   ~SoMenuSeparator() override;
 
+  So3DMenuLine::Plates getPlates() const override;
   SbString getShownText() const override;
   int getLineUnderPointer3D() override;
 

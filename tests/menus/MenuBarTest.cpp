@@ -392,6 +392,39 @@ TEST_F(MenuBarTest, anEntryThatWasTakenOutWorksElsewhere)
   EXPECT_EQ(heard.events, Texts{"push open"});
 }
 
+TEST_F(MenuBarTest, entriesFollowTheirFieldsWhileTheyStandNowhere)
+{
+  openWindow("TopLevelDialog { MenuBar { MenuPopup { label \"&File\" "
+             "MenuPushButton { auditorID \"push\" label \"Push\" } "
+             "MenuCheckBox { auditorID \"check\" label \"Check\" enable FALSE } "
+             "MenuRadioButtons { auditorID \"radio\" items [ \"a\", \"b\" ] } "
+             "MenuPushButton { label \"last\" } } } }");
+  auto* push = item<SoMenuPushButton>("push");
+  auto* check = item<SoMenuCheckBox>("check");
+  auto* radio = item<SoMenuRadioButtons>("radio");
+  for (SoMenuItem* entry : std::vector<SoMenuItem*>{push, check, radio}) {
+    entry->ref();
+    menu(0)->removeChild(entry);
+  }
+  push->enable = FALSE;
+  push->label = "Pushed";
+  push->accelerator = "F2";
+  check->state = TRUE;
+  check->onString = "Checked";
+  radio->items.set1Value(2, "c");
+  radio->selectedItem = 2;
+  radio->enable = FALSE;
+  EXPECT_EQ(actionsOf(menu(0)->getMenu()), Texts{"last"});
+  for (SoMenuItem* entry : std::vector<SoMenuItem*>{push, check, radio}) {
+    menu(0)->addChild(entry);
+    entry->unref();
+  }
+  EXPECT_EQ(actionsOf(menu(0)->getMenu()), (Texts{"last", "Pushed (F2) disabled", "[x] Checked", "[ ] a disabled",
+                                                  "[ ] b disabled", "[x] c disabled"}));
+  check->enable.touch();
+  EXPECT_EQ(actionsOf(menu(0)->getMenu())[2], "[x] Checked disabled");
+}
+
 TEST_F(MenuBarTest, theSecondBarOfADialogIsRefusedWithAMessage)
 {
   const Messages messages;
