@@ -4,16 +4,6 @@
 #include <Quillform/containers/SoTopLevelDialog.h>
 #include <utility>
 
-SoLaunchedDialogs::SoLaunchedDialogs(SoQuillform* launcher, std::function<void()> changed)
-    : m_launcher(launcher), m_elements(launcher, {SoTopLevelDialog::getClassTypeId, std::move(changed)})
-{
-}
-
-SoChildElements& SoLaunchedDialogs::getElements()
-{
-  return m_elements;
-}
-
 std::vector<SoTopLevelDialog*> SoLaunchedDialogs::hold() const
 {
   std::vector<SoTopLevelDialog*> dialogs;
@@ -34,6 +24,34 @@ void SoLaunchedDialogs::forEach(Call call)
     }
     dialog->unref();
   }
+}
+
+SoLaunchedDialogs::SoLaunchedDialogs(SoQuillform* launcher, std::function<void()> changed)
+    : m_launcher(launcher),
+      m_elements(launcher, {SoTopLevelDialog::getClassTypeId, [this, changed = std::move(changed)] {
+                              hideNew3D();
+                              changed();
+                            }})
+{
+}
+
+void SoLaunchedDialogs::hideNew3D()
+{
+  forEach([](SoTopLevelDialog* dialog) {
+    if (dialog->isBuilt3D() == 0) {
+      dialog->show3D(0); // its controls would show themselves before it is opened
+    }
+  });
+}
+
+bool SoLaunchedDialogs::isOpen3D() const
+{
+  return m_isOpen3D;
+}
+
+SoChildElements& SoLaunchedDialogs::getElements()
+{
+  return m_elements;
 }
 
 void SoLaunchedDialogs::buildWindows()

@@ -48,11 +48,12 @@ public:
   /// The launcher has moved.
   void move3D();
 
-  /// Whether show3D() has been called.
-  bool isBuilt3D() const;
+  bool isBuilt3D() const; ///< whether show3D() has been called
+  bool isOpen3D() const;  ///< whether it was to show the dialogs
   /// @}
 
 private:
+  void hideNew3D();
   std::vector<SoTopLevelDialog*> hold() const;
   template <class Call>
   void forEach(Call call);

@@ -46,6 +46,11 @@ public:
     m_launched.follow3D();
   }
 
+  SbBool shows3D(const SoQuillform* child) const override
+  {
+    return Base::shows3D(child) && m_launched.isOpen3D();
+  }
+
   void set3DParentTranslation(SbVec3f& translation) override
   {
     Base::set3DParentTranslation(translation);
