@@ -5,6 +5,7 @@
 #include <Inventor/SoPickedPoint.h>
 #include <Inventor/actions/SoHandleEventAction.h>
 #include <Inventor/errors/SoDebugError.h>
+#include <Inventor/events/SoKeyboardEvent.h>
 #include <Inventor/events/SoMouseButtonEvent.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
@@ -922,20 +923,30 @@ void SoTopLevelDialog::restore3DDialog()
 
 void SoTopLevelDialog::handleEvent(SoHandleEventAction* action)
 {
-  const SoTopComponent* bar = widgetHasMenuBar();
-  if (bar && SO_MOUSE_PRESS_EVENT(action->getEvent(), BUTTON1)) {
-    // A press on anything else closes an open menu, also on what has no use for the press itself.
-    SoQuillform* active = get3DCurrentActive();
-    const SoQuillform* around = active;
-    while (around && around != bar) {
-      around = around->getParent();
+  const bool isPress = SO_MOUSE_PRESS_EVENT(action->getEvent(), BUTTON1) != 0;
+  const bool isEscape = SO_KEY_PRESS_EVENT(action->getEvent(), ESCAPE) != 0;
+  if ((isPress || isEscape) && isMenuOpen3D()) {
+    // A press on anything else closes the menu, also on what has no use for the press itself.
+    const SoPickedPoint* point = isPress ? action->getPickedPoint() : nullptr;
+    if (!point || !point->getPath()->containsNode(widgetHasMenuBar())) {
+      set3DCurrentActive(nullptr);
     }
-    const SoPickedPoint* point = around ? action->getPickedPoint() : nullptr;
-    if (around && !(point && point->getPath()->containsNode(bar))) {
-      active->set3DInactive();
+    if (isEscape) {
+      action->setHandled();
+      return;
     }
   }
   inherited::handleEvent(action);
+}
+
+bool SoTopLevelDialog::isMenuOpen3D() const
+{
+  const SoTopComponent* bar = widgetHasMenuBar();
+  const SoQuillform* around = bar ? get3DCurrentActive() : nullptr;
+  while (around && around != bar) {
+    around = around->getParent();
+  }
+  return around;
 }
 
 void SoTopLevelDialog::press3D()

@@ -280,6 +280,7 @@ private:
   void connectPositions();
   void disconnectPositions();
   SoSFVec3f& getActivePosition();
+  bool isMenuOpen3D() const; // in the scene
   SbVec3f getOrigin();
 
   SoChildElements m_children;     // in the node kit's own child list

@@ -5,7 +5,6 @@
 #include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoTransform.h>
 #include <QBoxLayout>
-#include <QFontMetrics>
 #include <Quillform/auditors/SoAuditorDispatch.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoDialogComponent.h>
@@ -17,9 +16,9 @@ SO_SKIN_SOURCE(SoMenuBar, "MenuBar.iv", "MenuBarFrame")
 namespace {
 
 constexpr int barHeight = 19;
-constexpr int barMargin = 5;    // left and right of the titles
-constexpr int titleMargin = 9;  // around each title, both sides together
-constexpr int leastLeading = 4; // above and below the titles of a large font, together
+constexpr int barMargin = 5;   // left and right of the titles
+constexpr int titleMargin = 9; // around each title, both sides together
+constexpr int titleGap = 1;    // between the edge of the bar and the titles of a large font
 
 constexpr float barFace = 1.0F; // height of the plate's front in the scene
 
@@ -104,7 +103,7 @@ void SoMenuBar::getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max)
   if (!isFirstBar()) {
     return; // it is not shown
   }
-  size.setValue(2 * barMargin, std::max(barHeight, QFontMetrics(getQuillformFont()).height() + leastLeading));
+  size.setValue(2 * barMargin, std::max(barHeight, getLabelPixelSize("X", this)[1] + titleGap));
   for (const SoMenuPopup* menu : getMenus()) {
     size[0] += getLabelPixelSize(menu->label.getValue(), menu)[0] + titleMargin;
   }

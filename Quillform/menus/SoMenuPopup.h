@@ -21,7 +21,7 @@
 /// disappears at once.
 ///
 /// In the scene a press on the title opens and closes the menu, in front of everything else of the dialog. Choosing an
-/// item closes it, and so does a press on anything else.
+/// item closes it, and so do a press on anything else and the Escape key.
 ///
 /// It adds no fields to those of SoMenuItem.
 ///
