@@ -231,7 +231,8 @@ SoCellLimits SoDialogGroup::getCellLimits() const
 {
   SoCellLimits limits = inherited::getCellLimits();
   limits.maximum = QSize(fixedWidth.getValue() ? width.getValue() : maxWidth.getValue(),
-                         fixedHeight.getValue() ? height.getValue() : maxHeight.getValue());
+                         fixedHeight.getValue() ? height.getValue() : maxHeight.getValue())
+                     .expandedTo({0, 0}); // as the minimum
   return limits;
 }
 

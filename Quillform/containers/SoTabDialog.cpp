@@ -353,7 +353,8 @@ void SoTabDialog::updateTabWidget()
 {
   if (auto* relay = getRelay<SoDialogQTabDialog>()) {
     constexpr int inset = SoTabPlan::inset;
-    relay->tabDialogWidgetPos(inset, inset, width.getValue() - 2 * inset, height.getValue() - 2 * inset);
+    const SbVec2i32 size = getFrameSize();
+    relay->tabDialogWidgetPos(inset, inset, size[0] - 2 * inset, size[1] - 2 * inset);
   }
 }
 

@@ -135,7 +135,7 @@ void SoDialogComboBox::updateComboBoxWidget()
 {
   if (auto* relay = getRelay<SoDialogQComboBox>()) {
     // The first entry sets the height, also when it is empty: this is meant.
-    const QRect rect = getBoxRect({width.getValue(), height.getValue()}, getTextHeight());
+    const QRect rect = getBoxRect(getFrameSize(), getTextHeight());
     relay->comboBoxWidgetPos(rect.x(), rect.y(), rect.width(), rect.height());
   }
 }

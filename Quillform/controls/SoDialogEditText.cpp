@@ -228,7 +228,7 @@ QRect SoDialogEditText::getEditorRect(const SbVec2i32& frameSize) const
 void SoDialogEditText::updateEditTextWidget()
 {
   if (auto* relay = getRelay<SoDialogQEditText>()) {
-    const QRect rect = getEditorRect({width.getValue(), height.getValue()});
+    const QRect rect = getEditorRect(getFrameSize());
     relay->editTextWidgetPos(rect.x(), rect.y(), rect.width(), rect.height());
   }
 }

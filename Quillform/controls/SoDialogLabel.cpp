@@ -95,7 +95,7 @@ void SoDialogLabel::placeWidgets()
 void SoDialogLabel::updateLabelWidget()
 {
   if (auto* relay = getRelay<SoDialogQLabel>()) {
-    const QRect rect = getTextRect({width.getValue(), height.getValue()});
+    const QRect rect = getTextRect(getFrameSize());
     relay->labelWidgetPos(rect.x(), rect.y(), rect.width(), rect.height());
   }
 }

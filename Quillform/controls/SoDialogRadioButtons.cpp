@@ -143,7 +143,8 @@ void SoDialogRadioButtons::placeWidgets()
 void SoDialogRadioButtons::updateLabelWidget()
 {
   if (auto* relay = getRelay<SoDialogQRadioButtons>()) {
-    relay->labelWidgetPos(3, 3, width.getValue() - 6, height.getValue() - 6);
+    const SbVec2i32 size = getFrameSize();
+    relay->labelWidgetPos(3, 3, size[0] - 6, size[1] - 6);
   }
 }
 

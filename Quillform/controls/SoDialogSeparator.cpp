@@ -92,8 +92,9 @@ void SoDialogSeparator::placeWidgets()
 {
   if (auto* relay = getRelay<SoDialogQSeparator>()) {
     const bool isHorizontal = m_isHorizontal != 0;
-    relay->separatorWidgetPos(inset, inset, isHorizontal ? width.getValue() - 2 * inset : lineWidth,
-                              isHorizontal ? lineWidth : height.getValue() - 2 * inset, isHorizontal);
+    const SbVec2i32 size = getFrameSize();
+    relay->separatorWidgetPos(inset, inset, isHorizontal ? size[0] - 2 * inset : lineWidth,
+                              isHorizontal ? lineWidth : size[1] - 2 * inset, isHorizontal);
   }
 }
 

@@ -399,7 +399,7 @@ void SoDialogSlider::updateWidget()
 void SoDialogSlider::updateSliderWidget()
 {
   if (auto* relay = getRelay<SoDialogQSlider>()) {
-    const Places places = getPlaces({width.getValue(), height.getValue()});
+    const Places places = getPlaces(getFrameSize());
     m_sliderWidth = places.bar.width();
     relay->toggleWidgetPos(places.toggle.x(), places.toggle.y(), places.toggle.width(), places.toggle.height());
     relay->sliderWidgetPos(places.bar.x(), places.bar.y(), places.bar.width(), places.bar.height());
@@ -409,7 +409,7 @@ void SoDialogSlider::updateSliderWidget()
 void SoDialogSlider::updateEditWidget()
 {
   if (auto* relay = getRelay<SoDialogQSlider>()) {
-    const QRect rect = getPlaces({width.getValue(), height.getValue()}).edit;
+    const QRect rect = getPlaces(getFrameSize()).edit;
     relay->editWidgetPos(rect.x(), rect.y(), rect.width(), rect.height());
   }
 }

@@ -141,11 +141,9 @@ void SoBoxModel::leaveRoom(const SbVec2i32& needed, const SoSizingFields::Values
     const int axis = static_cast<int>(i);
     const int largest = authored[SoSizingFields::MAX_WIDTH + i];
     const int room = largest > 0 ? std::min(needed[axis], largest) : needed[axis];
-    if (room > min[axis]) {
-      min[axis] = room;
-      size[axis] = std::max(size[axis], room);
-      max[axis] = std::max(max[axis], room);
-    }
+    min[axis] = std::max(min[axis], room);
+    size[axis] = std::max(size[axis], room);
+    max[axis] = std::max(max[axis], room);
   }
 }
 

@@ -10,6 +10,7 @@
 #include <QScopedValueRollback>
 #include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
+#include <Quillform/core/SoBoxModel.h>
 #include <Quillform/core/SoElementKinds.h>
 #include <Quillform/core/SoPlannedItem.h>
 #include <Quillform/core/SoText.h>
@@ -114,6 +115,11 @@ void SoDialogComponent::getDefaultState(SbVec2i32& size, SbVec2i32& min, SbVec2i
 
 void SoDialogComponent::leaveRoomForContents(SbVec2i32& /*size*/, SbVec2i32& /*min*/, SbVec2i32& /*max*/) {}
 
+SbVec2i32 SoDialogComponent::getFrameSize() const
+{
+  return {SoBoxModel::clampPixels(width.getValue()), SoBoxModel::clampPixels(height.getValue())};
+}
+
 SoSizingFields::Values SoDialogComponent::getAuthoredSizes() const
 {
   return m_sizes.isCaptured() ? m_sizes.getAuthored() : m_sizes.getValues();
@@ -203,7 +209,7 @@ void SoDialogComponent::get2DComponentSize(SbVec2i32& size, SbVec2i32& position)
 {
   // The three insets differ on purpose.
   const int inset = edgeStyle.getValue() == NONE ? 3 : edgeStyle.getValue() == SHADOW_IN ? 2 : 0;
-  size.setValue(width.getValue() - 6, height.getValue() - 6);
+  size = getFrameSize() - SbVec2i32(6, 6);
   position.setValue(inset, inset);
   if (labelVisibility.getValue()) {
     size[0] -= m_labelSize[0] + 2;
@@ -213,7 +219,7 @@ void SoDialogComponent::get2DComponentSize(SbVec2i32& size, SbVec2i32& position)
 
 void SoDialogComponent::get3DComponentSize(SbVec2i32& size, SbVec2i32& position) const
 {
-  getControlRect3D({width.getValue(), height.getValue()}, size, position);
+  getControlRect3D(getFrameSize(), size, position);
 }
 
 void SoDialogComponent::getControlRect3D(const SbVec2i32& frame, SbVec2i32& size, SbVec2i32& position) const
@@ -435,20 +441,22 @@ void SoDialogComponent::updateComponentWidget()
   if (!m_frame) {
     return;
   }
+  // All this first: a frame whose minimum grows is laid out at once, and the fields say its new size.
   const SoCellLimits limits = getCellLimits();
+  const SbVec2i32 planned(width.getValue(), height.getValue());
+  if (QLayoutItem* spacer = m_cell ? m_cell->itemAt(1) : nullptr) {
+    setSpare(*spacer->spacerItem(), m_cell->direction() == QBoxLayout::TopToBottom); // the fields may be others now
+    m_cell->invalidate();
+  }
+  setPlannedSize(planned);
   if (m_frame->sizePolicy().horizontalPolicy() != limits.horizontal ||
       m_frame->sizePolicy().verticalPolicy() != limits.vertical) {
     m_frame->setSizePolicy(limits.horizontal, limits.vertical);
   }
   m_frame->setMinimumSize(limits.minimum);
   m_frame->setMaximumSize(limits.maximum);
-  if (QLayoutItem* spacer = m_cell ? m_cell->itemAt(1) : nullptr) {
-    setSpare(*spacer->spacerItem(), m_cell->direction() == QBoxLayout::TopToBottom); // the fields may be others now
-    m_cell->invalidate();
-  }
-  setPlannedSize({width.getValue(), height.getValue()});
   if (!m_cell || !m_cell->parent()) {
-    m_frame->resize(width.getValue(), height.getValue()); // no layout gives it a size
+    m_frame->resize(planned[0], planned[1]); // no layout gives it a size
   }
 }
 
@@ -635,13 +643,14 @@ QRect SoDialogComponent::getSideLabelRect(int frameHeight) const
 QRect SoDialogComponent::getButtonRect() const
 {
   const int column = labelVisibility.getValue() ? m_labelSize[0] + 2 : 0;
-  return {column + 2, 3, width.getValue() - 6 - column, height.getValue() - 6};
+  const SbVec2i32 size = getFrameSize();
+  return {column + 2, 3, size[0] - 6 - column, size[1] - 6};
 }
 
 void SoDialogComponent::placeSideLabel()
 {
   if (auto* relay = getRelay<SoDialogQFrame>()) {
-    const QRect rect = getSideLabelRect(height.getValue());
+    const QRect rect = getSideLabelRect(getFrameSize()[1]);
     relay->labelWidgetPos(rect.x(), rect.y(), rect.width(), rect.height());
   }
 }

@@ -245,6 +245,9 @@ protected:
   /// The class's size and bounds as getSize uses them: getDefaultSize, with what a class adds to it.
   virtual void getDefaultFrameSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
 
+  /// The width and height that the fields say, within what a widget can have.
+  SbVec2i32 getFrameSize() const;
+
   /// The sizing fields as the author set them.
   SoSizingFields::Values getAuthoredSizes() const;
 

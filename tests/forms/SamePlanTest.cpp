@@ -1,8 +1,10 @@
+#include <Inventor/lists/SoFieldList.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <QDirIterator>
 #include <Quillform/Quillform.h>
 #include <forms/Plan.h>
 #include <functional>
+#include <limits>
 #include <support/SamePlan.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
@@ -354,6 +356,51 @@ TEST_F(SamePlanTest, aGroupBecomesAsSmallAsItsAuthorWants)
   SoTopLevelDialog* fixed = open("TopLevelDialog { RowDialog { height 57 fixedHeight TRUE DialogIntegerSlider { } "
                                  "DialogIntegerSlider { } } DialogLabel { label \"x\" } }");
   EXPECT_EQ(static_cast<SoDialogComponent*>(fixed->getChild(0))->getWidget()->height(), 57);
+}
+
+TEST_F(SamePlanTest, aMinimumAboveItsMaximumLeavesTheRowItsRoom)
+{
+  const std::string text =
+    "TopLevelDialog { resizable FALSE maxHeight 0 DialogSeparator { minWidth 100 minHeight 60 } }";
+  checkText(text);
+  EXPECT_EQ(open(text)->getWidget()->height(), 20);
+}
+
+TEST_F(SamePlanTest, aFixedGroupThatIsLessThanNothingHasNoNegativeSize)
+{
+  static int complaints = 0;
+  const QtMessageHandler before =
+    qInstallMessageHandler([](QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& message) {
+      complaints += message.contains("Negative sizes") ? 1 : 0;
+    });
+  checkText("TopLevelDialog { RowDialog { margin -4 fixedHeight TRUE fixedWidth TRUE } DialogLabel { label \"x\" } }");
+  qInstallMessageHandler(before);
+  EXPECT_EQ(complaints, 0);
+}
+
+TEST_F(SamePlanTest, absurdSizesSetAfterTheBuildAreNoOverflow)
+{
+  SoTopLevelDialog* dialog =
+    open("TopLevelDialog { DialogCheckBox { } DialogComboBox { } DialogCustom { } DialogEditText { } "
+         "DialogIntegerSlider { } DialogLabel { } DialogPushButton { } DialogRadioButtons { } DialogRealSlider { } "
+         "DialogSeparator { } ColumnDialog { DialogSeparator { } } TabDialog { DialogLabel { } } }");
+  Scene scene;
+  scene.open(dialog);
+  for (SoDialogComponent* component : Plan::componentsOf(dialog)) {
+    component->width = std::numeric_limits<int>::min();
+    component->height = std::numeric_limits<int>::min();
+    SoFieldList fields;
+    component->getFields(fields);
+    for (int i = 0; i < fields.getLength(); i++) {
+      fields[i]->touch(); // its reaction places what stands inside
+    }
+    if (auto* edit = dynamic_cast<SoDialogEditText*>(component)) {
+      edit->multiLine = !edit->multiLine.getValue();
+    }
+  }
+  settle();
+  EXPECT_FALSE(Plan::windowPlan(dialog).empty());
+  scene.root()->removeChild(dialog);
 }
 
 TEST_F(SamePlanTest, limitsOfTheAuthorCountMoreThanTheRoomForTheRows)

@@ -447,6 +447,8 @@ void Session::compareWithFresh()
   scene.open(fresh);
   if (m_spacingFollows) {
     fresh->rowSpacing.touch();
+    settle();
+    fresh->updateAfterSceneGraphChange(); // the room for its rows is more now
   }
   settle();
   if (hasWindow() && !Plan::componentsOf(fresh).empty() && !hasTabsElsewhere(fresh)) {

@@ -17,6 +17,10 @@
 
 namespace {
 
+/// A platform without a display says that it can neither raise a list nor grab the keyboard for it; only when it ends
+/// the program, this is said.
+const char* const cannotOperate = "The window cannot be operated here; draw it on a display.";
+
 [[noreturn]] void failOutOfSight(const SoDialogComponent* element)
 {
   throw Failure(Failure::BAD_FILE, QString("The element with auditorID \"%1\" is not in sight and cannot be pressed; "
@@ -80,8 +84,7 @@ void MousePointer::useIn(QWidget* window) const
   if (m_presses.empty()) {
     return;
   }
-  // A platform without a display says that it can neither raise a list nor grab the keyboard for it.
-  const QuietQt quiet("The window cannot be operated here; draw it on a display.");
+  const QuietQt quiet(cannotOperate);
   QApplication::setActiveWindow(window); // else nothing has the focus
   for (const Press& press : m_presses) {
     QWidget* frame = press.element->getWidget();
@@ -123,6 +126,10 @@ QImage MousePointer::grab(QWidget* window)
   painter.drawImage(frame.topLeft() - seen.topLeft(), picture);
   for (QWidget* widget : opened) {
     painter.drawImage(widget->geometry().topLeft() - seen.topLeft(), widget->grab().toImage());
+  }
+  const QuietQt quiet(cannotOperate);
+  for (QWidget* widget : opened) {
+    widget->close(); // else it gives the keyboard back at the end, and says so
   }
   return whole;
 }
