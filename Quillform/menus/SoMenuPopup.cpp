@@ -388,7 +388,8 @@ float SoMenuPopup::getFront3D()
 
 void SoMenuPopup::show3DChildren(int show)
 {
-  if ((show != 0) == m_isOpen || isBuilt3D() == 0) {
+  SoSwitch* const panel = m_panel;
+  if ((show != 0) == m_isOpen || !panel) {
     return;
   }
   if (show != 0) {
@@ -403,7 +404,7 @@ void SoMenuPopup::show3DChildren(int show)
     item->show3D(show);
   }
   makePart<SoSwitch>("frameSwitch")->whichChild = m_isOpen ? 1 : 0;
-  m_panel->whichChild = m_isOpen && getNumChildren() > 0 ? SO_SWITCH_ALL : SO_SWITCH_NONE;
+  panel->whichChild = m_isOpen && getNumChildren() > 0 ? SO_SWITCH_ALL : SO_SWITCH_NONE;
   update3DPopup();
 }
 
