@@ -114,7 +114,7 @@ QImage MousePointer::grab(QWidget* window)
       seen |= widget->geometry();
     }
   }
-  const QImage picture = window->grab().toImage();
+  QImage picture = window->grab().toImage();
   if (opened.empty() || picture.isNull()) {
     return picture;
   }
