@@ -4,6 +4,7 @@
 #include <Inventor/errors/SoDebugError.h>
 #include <Inventor/errors/SoReadError.h>
 #include <Inventor/nodes/SoFile.h>
+#include <Inventor/nodes/SoGroup.h>
 #include <QApplication>
 #include <Quillform/Quillform.h>
 #include <cstdint>
