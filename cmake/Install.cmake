@@ -1,5 +1,5 @@
-# What an installed Quillform consists of: the library, its headers, its skins, the examples, and what CMake and
-# pkg-config need to find it. quillform-view installs itself.
+# What an installed Quillform consists of: the library, its headers, its skins, the examples, the documentation, and
+# what CMake and pkg-config need to find it. quillform-view installs itself.
 
 # The directory that the environment variable ARBHOME names: the library looks below it for data/Quillform/skins.
 set(QUILLFORM_INSTALL_HOME "${CMAKE_INSTALL_DATADIR}/quillform")
@@ -22,6 +22,10 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/Quillform/skins"
   FILES_MATCHING PATTERN "*.iv")
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples" DESTINATION "${QUILLFORM_INSTALL_HOME}"
   FILES_MATCHING PATTERN "*.iv" PATTERN "*.cpp" PATTERN "CMakeLists.txt")
+set(documentation "${CMAKE_INSTALL_DATAROOTDIR}/doc/quillform")
+install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION "${documentation}")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION "${documentation}"
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
 
 # CMake.
 install(EXPORT QuillformTargets NAMESPACE Quillform:: DESTINATION "${QUILLFORM_INSTALL_CMAKE}")

@@ -431,7 +431,7 @@ void SoDialogEditText::create3DDialogEditText()
                  getBoundingBoxAction());
   makePart<SoSeparator>("editSep")->addChild(m_caretSwitch);
 
-  const auto attach = [this](Scroller& scroller, So3DScrollBar::Direction direction, So3DScrollBar::Parts parts) {
+  const auto attach = [](Scroller& scroller, So3DScrollBar::Direction direction, So3DScrollBar::Parts parts) {
     scroller.bar.attach(direction, parts);
     scroller.buttons[So3DScrollBar::BACK] = parts.buttons[So3DScrollBar::BACK];
     scroller.buttons[So3DScrollBar::FORTH] = parts.buttons[So3DScrollBar::FORTH];

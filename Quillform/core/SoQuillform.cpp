@@ -8,6 +8,7 @@
 #include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/actions/SoWriteAction.h>
 #include <Inventor/errors/SoDebugError.h>
+#include <Inventor/errors/SoReadError.h>
 #include <Inventor/misc/SoNotification.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoPickStyle.h>
@@ -26,6 +27,7 @@
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoLive3DElements.h>
 #include <algorithm>
+#include <map>
 
 SO_QUILLFORM_SOURCE(SoQuillform, "Quillform")
 
@@ -43,6 +45,52 @@ QFont& font()
   static QFont current("Microsoft Sans Serif", 8);
   return current;
 }
+
+/// The parts of an element that hold its own geometry together. A file can name them like any field, but a node in the
+/// place of one would not be the kind of node that the element takes it for.
+class InnerParts {
+public:
+  InnerParts(const SoQuillform* element, const SoFieldData* fields)
+      : m_element(element), m_fields(fields), m_before(getNodes())
+  {
+  }
+
+  /// Whether the element has been read without a change to these; else a message is posted.
+  bool areUntouched(SoInput* in) const
+  {
+    const SoNodekitCatalog* catalog = m_element->getNodekitCatalog();
+    for (const auto& [field, node] : getNodes()) {
+      const SbName& name = m_fields->getFieldName(field);
+      const int part = catalog->getPartNumber(name);
+      const bool isInner = part > 0 && !(catalog->isPublic(part) && catalog->isLeaf(part));
+      const auto before = m_before.find(field);
+      if (isInner && node != (before != m_before.end() ? before->second : nullptr)) {
+        SoReadError::post(in, "\"%s\" of %s cannot be set", name.getString(),
+                          m_element->getTypeId().getName().getString());
+        return false;
+      }
+    }
+    return true;
+  }
+
+private:
+  /// What the fields that hold nodes have been given, by their numbers.
+  std::map<int, const SoNode*> getNodes() const
+  {
+    std::map<int, const SoNode*> nodes;
+    for (int i = 0; i < m_fields->getNumFields(); i++) {
+      const SoField* field = m_fields->getField(m_element, i);
+      if (!field->isDefault() && field->isOfType(SoSFNode::getClassTypeId())) {
+        nodes[i] = static_cast<const SoSFNode*>(field)->getValue();
+      }
+    }
+    return nodes;
+  }
+
+  const SoQuillform* m_element;
+  const SoFieldData* m_fields;
+  std::map<int, const SoNode*> m_before;
+};
 
 } // namespace
 
@@ -776,9 +824,10 @@ SbBool SoQuillform::readInstance(SoInput* in, unsigned short flags)
 {
   SoChildElements* children = getChildElements();
   const SbBool wasNotifying = enableNotify(FALSE);
+  const InnerParts innerParts(this, getFieldData());
   if (!children) {
     // A kit's own reading makes the parts that every kit has a second time.
-    const SbBool isRead = SoFieldContainer::readInstance(in, flags);
+    const SbBool isRead = SoFieldContainer::readInstance(in, flags) && innerParts.areUntouched(in);
     if (isRead) {
       adoptReadParts();
     }
@@ -787,7 +836,8 @@ SbBool SoQuillform::readInstance(SoInput* in, unsigned short flags)
   }
   ref(); // a broken file may make this node its own grandchild for a moment
   // A kit's own reading takes every unknown word for a part; here the children's class names follow.
-  SbBool isRead = SoFieldContainer::readInstance(in, static_cast<unsigned short>(flags | IS_GROUP));
+  SbBool isRead =
+    SoFieldContainer::readInstance(in, static_cast<unsigned short>(flags | IS_GROUP)) && innerParts.areUntouched(in);
   if (isRead) {
     adoptReadParts();
     if (!in->isBinary() || (flags & IS_GROUP) != 0) {
