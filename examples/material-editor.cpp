@@ -24,6 +24,7 @@ struct Model {
   SoDrawStyle* style = new SoDrawStyle;
   SoComplexity* complexity = new SoComplexity;
   SoMaterial* material = new SoMaterial;
+  SoSeparator* shape = new SoSeparator;
   SoText2* name = new SoText2;
   SoSeparator* root = new SoSeparator; // above the others: the light shines on nothing else
 
@@ -33,7 +34,8 @@ struct Model {
     auto* below = new SoTransform;
     below->translation.setValue(-0.3F, -1.4F, 0.0F);
     material->diffuseColor.setValue(0.78F, 0.4F, 0.22F);
-    for (SoNode* node : std::initializer_list<SoNode*>{light, style, complexity, material, new SoSphere, below, name}) {
+    shape->addChild(new SoSphere);
+    for (SoNode* node : std::initializer_list<SoNode*>{light, style, complexity, material, shape, below, name}) {
       root->addChild(node);
     }
   }
@@ -66,10 +68,24 @@ void change(Field& field, const Value& value)
   }
 }
 
+/// The messages of the program, which stand in the dialog file too.
+void showMessage(const std::string& file, const char* id, const std::string& text = "")
+{
+  auto* message = dynamic_cast<SoMessageDialog*>(SoQuillform::loadFromFile(file.c_str(), id));
+  if (!message) {
+    throw std::runtime_error(std::string("it has no message with the auditorID ") + id);
+  }
+  if (!text.empty()) {
+    message->label = text.c_str();
+  }
+  message->show();
+}
+
 /// Connects the dialog with the model. Whatever the user operates, one of the operations dialog...() is called.
 class Editor : public SoDialogAuditor {
 public:
-  Editor(SoTopLevelDialog* dialog, const Model& model) : m_dialog(dialog), m_model(model)
+  Editor(SoTopLevelDialog* dialog, const Model& model, SoQtExaminerViewer& viewer, std::string file)
+      : m_dialog(dialog), m_model(model), m_viewer(viewer), m_file(std::move(file))
   {
     showMaterial();
     takeDialog();
@@ -104,6 +120,53 @@ private:
   void dialogPushButton(SoDialogPushButton* /*button*/) override
   {
     SoQt::exitMainLoop();
+  }
+
+  void menuPushButton(SoMenuPushButton* entry) override
+  {
+    if (entry->auditorID.getValue() == "quit") {
+      SoQt::exitMainLoop();
+    }
+    else if (entry->auditorID.getValue() == "about") {
+      showMessage(m_file, "about-message");
+    }
+  }
+  void menuCheckBox(SoMenuCheckBox* entry) override
+  {
+    if (entry->auditorID.getValue() == "showName") {
+      takeDialog();
+    }
+  }
+  void menuRadioButtons(SoMenuRadioButtons* entries) override
+  {
+    find<SoDialogChoice>("style")->selectedItem = entries->selectedItem.getValue();
+    takeDialog();
+  }
+  void menuFileSelection(SoMenuFileSelection* entry) override
+  {
+    if (entry->filename.getValue().getLength() == 0) {
+      return; // the user has thought better of it
+    }
+    const std::string name =
+      std::string(entry->fileDirectory.getValue().getString()) + '/' + entry->filename.getValue().getString();
+    if (entry->mode.getValue() == SoMenuFileSelection::OPEN) {
+      openModel(name);
+    }
+    else if (!m_viewer.getGLWidget()->grab().save(QString::fromLatin1(name.c_str()))) {
+      showMessage(m_file, "error-message", "The picture cannot be saved as " + name + ".");
+    }
+  }
+
+  void openModel(const std::string& name) const
+  {
+    SoInput in;
+    SoSeparator* shape = in.openFile(name.c_str()) ? SoDB::readAll(&in) : nullptr;
+    if (!shape) {
+      showMessage(m_file, "error-message", "No model can be read from " + name + ".");
+      return;
+    }
+    m_model.shape->removeAllChildren();
+    m_model.shape->addChild(shape);
   }
 
   /// The control of that name. The dialog file may be somebody else's and have none; the constructor asks for all.
@@ -147,7 +210,8 @@ private:
   void takeDialog() const
   {
     static const SbColor colors[] = {{1.0F, 1.0F, 1.0F}, {1.0F, 0.85F, 0.6F}, {1.0F, 0.6F, 0.25F}};
-    change(m_model.name->string, find<SoDialogEditText>("name")->editText.getValue());
+    const bool showsName = find<SoMenuCheckBox>("showName")->state.getValue();
+    change(m_model.name->string, showsName ? find<SoDialogEditText>("name")->editText.getValue() : SbString());
     change(color(), SbColor(number("red"), number("green"), number("blue")));
     change(m_model.material->shininess, number("shininess"));
     change(m_model.material->transparency, number("transparency"));
@@ -159,12 +223,16 @@ private:
     change(m_model.style->style, choice("style")); // in the order of SoDrawStyle::Style
     change(m_model.style->lineWidth, number("lineWidth"));
     change(m_model.style->pointSize, number("pointSize"));
+    find<SoMenuRadioButtons>("menuStyle")->selectedItem = choice("style");
+    m_viewer.setBackgroundColor(SbColor(number("background"), number("background"), number("background")));
     find<SoDialogIntegerSlider>("lineWidth")->enable = choice("style") == SoDrawStyle::LINES;
     find<SoDialogIntegerSlider>("pointSize")->enable = choice("style") == SoDrawStyle::POINTS;
   }
 
   SoTopLevelDialog* m_dialog;
   const Model& m_model;
+  SoQtExaminerViewer& m_viewer;
+  std::string m_file; // of the dialog and the messages
 };
 
 /// Draws again after the first frame, which is only as large as the area was before it was shown.
@@ -180,10 +248,11 @@ class Viewer : public SoQtExaminerViewer {
 };
 
 /// Opens the dialog with the model, and returns when the user has finished.
-void edit(SoTopLevelDialog* dialog, bool inScene, bool printsChanges)
+void edit(SoTopLevelDialog* dialog, const std::string& file, bool inScene, bool printsChanges)
 {
   const Model model;
-  Editor editor(dialog, model);
+  Viewer viewer;
+  Editor editor(dialog, model, viewer, file);
   auto* camera = new SoPerspectiveCamera;
   camera->position.setValue(inScene ? 1.4F : 0.0F, -0.1F, 4.4F);
   auto* scene = new SoSeparator;
@@ -197,7 +266,6 @@ void edit(SoTopLevelDialog* dialog, bool inScene, bool printsChanges)
       scene->addChild(node);
     }
   }
-  Viewer viewer;
   viewer.setTitle("Model");
   viewer.setSize(inScene ? SbVec2s(1000, 600) : SbVec2s(640, 600));
   viewer.setHeadlight(FALSE);
@@ -232,16 +300,17 @@ int main(int argc, char** argv)
   const bool printsChanges = arguments.removeAll("--print-changes") > 0;
   const QString file = arguments.value(0, QCoreApplication::applicationDirPath() + "/material-editor.iv");
   int status = 0;
+  const std::string path = file.toLocal8Bit().toStdString();
   try {
-    auto* dialog = dynamic_cast<SoTopLevelDialog*>(SoQuillform::loadFromFile(file.toLocal8Bit().constData(), ""));
+    auto* dialog = dynamic_cast<SoTopLevelDialog*>(SoQuillform::loadFromFile(path.c_str(), ""));
     if (!dialog) {
       throw std::runtime_error("no dialog can be read from it");
     }
-    edit(dialog, inScene, printsChanges);
+    edit(dialog, path, inScene, printsChanges);
   }
   catch (const std::runtime_error& error) {
-    std::cerr << "material-editor: \"" << file.toLocal8Bit().constData()
-              << "\" is not the dialog of this program: " << error.what() << "." << std::endl;
+    std::cerr << "material-editor: \"" << path << "\" is not the dialog of this program: " << error.what() << "."
+              << std::endl;
     status = 2;
   }
   SoQuillform::finish();

@@ -7,11 +7,13 @@
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabBar>
 #include <cmath>
 #include <forms/Plan.h>
+#include <stdexcept>
 
 namespace {
 
@@ -83,7 +85,47 @@ public:
     return middleOf<QComboBox>(id) + QPoint(0, box->height() / 2 + row / 2 + entry * row);
   }
 
+  /// The middle of the title of a menu.
+  QPoint titleOf(const char* menu) const
+  {
+    const QMenuBar* bar = getBar();
+    return bar->mapTo(m_dialog->getWidget(), bar->actionGeometry(getMenu(menu)->menuAction()).center());
+  }
+
+  /// The middle of an entry of the menu when it is open, in a window or in the scene.
+  QPoint inMenu(const char* menu, int entry, bool isInScene) const
+  {
+    const QMenuBar* bar = getBar();
+    const QRect title = bar->actionGeometry(getMenu(menu)->menuAction());
+    const QPoint below = bar->mapTo(m_dialog->getWidget(), title.bottomLeft());
+    QMenu* open = getMenu(menu);
+    open->adjustSize();
+    if (!isInScene) {
+      return below + QPoint(30, open->actionGeometry(open->actions().at(entry)).center().y());
+    }
+    int y = SoMenuItem::itemHeight / 2;
+    for (int i = 0; i < entry; i++) {
+      y += open->actions().at(i)->isSeparator() ? 8 : SoMenuItem::itemHeight;
+    }
+    return below + QPoint(30, y);
+  }
+
 private:
+  QMenuBar* getBar() const
+  {
+    return qobject_cast<QMenuBar*>(m_dialog->getLayout()->menuBar());
+  }
+
+  QMenu* getMenu(const QString& title) const
+  {
+    for (const QAction* action : getBar()->actions()) {
+      if (action->text() == title) {
+        return action->menu();
+      }
+    }
+    throw std::runtime_error("no such menu");
+  }
+
   template <class Element>
   Element* find(const char* id) const
   {
@@ -265,6 +307,24 @@ TEST_P(MaterialEditorTest, aChosenStyleBringsItsSliderToLife)
   EXPECT_FALSE(m_output.contains("lineWidth")) << m_output.toStdString();
   drag(layout.onBar("lineWidth", 0.2), layout.onBar("lineWidth", 0.6));
   expectLine("DrawStyle lineWidth 5");
+}
+
+TEST_P(MaterialEditorTest, anEntryOfAMenuChoosesTheStyle)
+{
+  click(layout.titleOf("&View"));
+  click(layout.inMenu("&View", 1, m_isInScene));
+  expectLine("DrawStyle style LINES");
+  click(layout.titleOf("&View"));
+  click(layout.inMenu("&View", 0, m_isInScene));
+  expectLine("DrawStyle style FILLED");
+}
+
+TEST_P(MaterialEditorTest, itEndsWithItsMenu)
+{
+  click(layout.titleOf("&File"));
+  click(layout.inMenu("&File", 3, m_isInScene));
+  ASSERT_TRUE(m_process.waitForFinished(20000));
+  EXPECT_EQ(m_process.exitCode(), 0);
 }
 
 TEST_P(MaterialEditorTest, theNameIsTyped)

@@ -308,3 +308,17 @@ TEST_F(ScenePictureTest, aWindowIsDrawnOnADisplayToo)
 {
   EXPECT_GT(countColours(draw({"a.iv"})), colours);
 }
+
+TEST_F(PictureTest, aMessageIsDrawnWithItsText)
+{
+  write("message.iv", "MessageDialog { title \"About\" label \"A text to be read\" type MD_INFORMATION }\n");
+  EXPECT_GT(countColours(draw({"message.iv"})), colours);
+}
+
+TEST_F(PictureTest, anEntryOfMenusIsDrawnInAMenu)
+{
+  write("entry.iv", "MenuPushButton { label \"Save\" }\n");
+  write("menu.iv", "MenuPopup { auditorID \"file\" label \"File\" MenuPushButton { label \"Save\" } }\n");
+  EXPECT_GT(countColours(draw({"entry.iv"})), colours);
+  EXPECT_GT(draw({"--click", "file", "menu.iv"}).height(), draw({"menu.iv"}).height());
+}

@@ -42,6 +42,20 @@ int count(const SoQuillform* element)
   return number;
 }
 
+/// A menu bar with that menu, or with a menu that holds that entry.
+SoMenuBar* putIntoMenuBar(SoMenuItem* item)
+{
+  auto* menu = dynamic_cast<SoMenuPopup*>(item);
+  if (!menu) {
+    menu = new SoMenuPopup;
+    menu->label = "Menu";
+    menu->addChild(item);
+  }
+  auto* bar = new SoMenuBar;
+  bar->addChild(menu);
+  return bar;
+}
+
 } // namespace
 
 DialogFile::DialogFile(const QString& path, const QString& id) : m_path(path)
@@ -85,12 +99,19 @@ const QString& DialogFile::getWarning() const
   return m_warning;
 }
 
+SoMessageDialog* DialogFile::getMessage() const
+{
+  return dynamic_cast<SoMessageDialog*>(m_element);
+}
+
 SoTopLevelDialog* DialogFile::makeDialog() const
 {
   if (auto* dialog = dynamic_cast<SoTopLevelDialog*>(m_element)) {
     return dialog;
   }
-  if (!dynamic_cast<SoTopComponent*>(m_element)) {
+  auto* component = dynamic_cast<SoTopComponent*>(m_element);
+  auto* entry = dynamic_cast<SoMenuItem*>(m_element);
+  if (!component && !entry) {
     fail(m_path, QString("holds a %1, which cannot be opened by itself; put it into a TopLevelDialog")
                    .arg(m_element->getTypeId().getName().getString()));
   }
@@ -98,6 +119,6 @@ SoTopLevelDialog* DialogFile::makeDialog() const
   auto* dialog = new SoTopLevelDialog;
   dialog->minWidth = titleWidth;
   dialog->label = QFileInfo(m_path).fileName().toLatin1().constData();
-  dialog->addChild(m_element->copy());
+  dialog->addChild(entry ? putIntoMenuBar(static_cast<SoMenuItem*>(entry->copy())) : component->copy());
   return dialog;
 }

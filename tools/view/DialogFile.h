@@ -3,6 +3,7 @@
 
 #include <QString>
 
+class SoMessageDialog;
 class SoQuillform;
 class SoTopLevelDialog;
 
@@ -21,8 +22,11 @@ public:
   /// One sentence about what the reader left out; empty when it took everything.
   const QString& getWarning() const;
 
-  /// The element itself when it is a dialog, else a new dialog with a copy of it. Throws a Failure when the
-  /// element cannot stand in a dialog. The caller references the result.
+  /// The element when it is a message; nullptr when it is anything else. It needs no dialog.
+  SoMessageDialog* getMessage() const;
+
+  /// The element itself when it is a dialog, else a new dialog with a copy of it, in a menu if it is an entry
+  /// of menus. Throws a Failure when the element cannot stand in a dialog. The caller references the result.
   SoTopLevelDialog* makeDialog() const;
 
 private:

@@ -8,12 +8,14 @@
 #include <Inventor/events/SoMouseButtonEvent.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <QApplication>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWindow>
 #include <Quillform/containers/SoTopLevelDialog.h>
 #include <Quillform/controls/SoDialogCheckBox.h>
 #include <Quillform/core/SoDialogComponent.h>
+#include <Quillform/menus/SoMenuPopup.h>
 
 namespace {
 
@@ -21,10 +23,10 @@ namespace {
 /// the program, this is said.
 const char* const cannotOperate = "The window cannot be operated here; draw it on a display.";
 
-[[noreturn]] void failOutOfSight(const SoDialogComponent* element)
+[[noreturn]] void failOutOfSight(const SoQuillform* element)
 {
   throw Failure(Failure::BAD_FILE, QString("The element with auditorID \"%1\" is not in sight and cannot be pressed; "
-                                           "open the page that it stands on in the file.")
+                                           "open the page or the menu that it stands in.")
                                      .arg(QString::fromLatin1(element->auditorID.getValue().getString())));
 }
 
@@ -33,6 +35,57 @@ SbVec2i32 getPlace(const SoDialogComponent* element, const SbVec2i32& controlSiz
 {
   constexpr int mark = 8; // from the left end
   return {dynamic_cast<const SoDialogCheckBox*>(element) ? mark - controlSize[0] / 2 : 0, 0};
+}
+
+/// Where an element is pressed in the window, and the window of its own that it stands in.
+struct Target {
+  QWidget* widget = nullptr;
+  QPoint place; // in the widget
+};
+
+Target findTarget(const SoDialogComponent* component)
+{
+  SbVec2i32 size(0, 0);
+  SbVec2i32 corner(0, 0);
+  component->get2DComponentSize(size, corner);
+  const SbVec2i32 place = corner + SbVec2i32(size[0] / 2, size[1] / 2) + getPlace(component, size);
+  return {component->getWidget(), QPoint(place[0], place[1])};
+}
+
+/// The title of a menu, in the bar or in the menu around it.
+Target findTarget(const SoMenuPopup* popup)
+{
+  QAction* title = popup->getMenu() ? popup->getMenu()->menuAction() : nullptr;
+  QWidget* around = title ? title->associatedWidgets().value(0) : nullptr;
+  if (const auto* bar = qobject_cast<QMenuBar*>(around)) {
+    return {around, bar->actionGeometry(title).center()};
+  }
+  const auto* menu = qobject_cast<QMenu*>(around);
+  return {around, menu ? menu->actionGeometry(title).center() : QPoint()};
+}
+
+Target findTarget(const SoQuillform* element)
+{
+  const auto* popup = dynamic_cast<const SoMenuPopup*>(element);
+  const Target target = popup ? findTarget(popup) : findTarget(static_cast<const SoDialogComponent*>(element));
+  if (!target.widget || !target.widget->isVisible()) {
+    failOutOfSight(element);
+  }
+  return target;
+}
+
+/// Where an element is pressed in the scene, from its origin.
+SbVec3f getPlace3D(const SoQuillform* element)
+{
+  const auto* component = dynamic_cast<const SoDialogComponent*>(element);
+  if (!component) {
+    return {0.0F, 0.0F, 0.0F};
+  }
+  SbVec2i32 size(0, 0);
+  SbVec2i32 middle(0, 0);
+  component->get3DComponentSize(size, middle);
+  const SbVec2i32 place = middle + getPlace(component, size);
+  return {static_cast<float>(place[0]), static_cast<float>(place[1]), 0.0F};
 }
 
 /// Gives a mouse event to the window system's own window, which finds the widget for it.
@@ -69,14 +122,13 @@ void MousePointer::add(SoTopLevelDialog* dialog, const QString& id, const char* 
     return;
   }
   SoQuillform* found = dialog->searchForAuditorId(id.toLatin1().constData());
-  auto* element = dynamic_cast<SoDialogComponent*>(found);
-  if (!element) {
+  if (!dynamic_cast<SoDialogComponent*>(found) && !dynamic_cast<SoMenuPopup*>(found)) {
     throw Failure(
       Failure::BAD_FILE,
       QString("\"%1\" holds no element with auditorID \"%2\" that could be pressed; correct the ID after --%3.")
         .arg(m_file, id, option));
   }
-  m_presses.push_back({element, isReleased});
+  m_presses.push_back({found, isReleased});
 }
 
 void MousePointer::useIn(QWidget* window) const
@@ -87,18 +139,12 @@ void MousePointer::useIn(QWidget* window) const
   const QuietQt quiet(cannotOperate);
   QApplication::setActiveWindow(window); // else nothing has the focus
   for (const Press& press : m_presses) {
-    QWidget* frame = press.element->getWidget();
-    if (!frame || !frame->isVisible()) {
-      failOutOfSight(press.element);
-    }
-    SbVec2i32 size(0, 0);
-    SbVec2i32 corner(0, 0);
-    press.element->get2DComponentSize(size, corner);
-    const SbVec2i32 place = corner + SbVec2i32(size[0] / 2, size[1] / 2) + getPlace(press.element, size);
-    const QPoint at = frame->mapToGlobal(QPoint(place[0], place[1]));
-    send(window->windowHandle(), QEvent::MouseButtonPress, at);
+    const Target target = findTarget(press.element);
+    const QPoint at = target.widget->mapToGlobal(target.place);
+    QWindow* system = target.widget->window()->windowHandle();
+    send(system, QEvent::MouseButtonPress, at);
     if (press.isReleased) {
-      send(window->windowHandle(), QEvent::MouseButtonRelease, at);
+      send(system, QEvent::MouseButtonRelease, at);
     }
   }
 }
@@ -146,13 +192,7 @@ void MousePointer::useIn(DialogScene& scene, const QSize& picture) const
     if (!press.element->isShown3D()) {
       failOutOfSight(press.element);
     }
-    SbVec2i32 size(0, 0);
-    SbVec2i32 middle(0, 0);
-    press.element->get3DComponentSize(size, middle);
-    const SbVec2i32 place = middle + getPlace(press.element, size);
-    const SbVec2s at = scene.project(press.element->get3DParentTranslation() +
-                                       SbVec3f(static_cast<float>(place[0]), static_cast<float>(place[1]), 0.0F),
-                                     picture);
+    const SbVec2s at = scene.project(press.element->get3DParentTranslation() + getPlace3D(press.element), picture);
     send(action, scene.getRoot(), SoButtonEvent::DOWN, at);
     if (press.isReleased) {
       send(action, scene.getRoot(), SoButtonEvent::UP, at);

@@ -7,7 +7,7 @@
 
 class DialogScene;
 class QWidget;
-class SoDialogComponent;
+class SoQuillform;
 class SoTopLevelDialog;
 
 /// Does to the elements of a dialog what a user with a mouse does, so that they are drawn pressed or open.
@@ -27,8 +27,8 @@ public:
 
 private:
   struct Press {
-    SoDialogComponent* element;
-    bool isReleased; // at once; else the button is still down in the picture
+    SoQuillform* element; // a component or a menu
+    bool isReleased;      // at once; else the button is still down in the picture
   };
   void add(SoTopLevelDialog* dialog, const QString& id, const char* option, bool isReleased);
 

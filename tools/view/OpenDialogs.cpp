@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <QImageWriter>
 #include <QPixmap>
+#include <QTimer>
+#include <Quillform/containers/SoMessageDialog.h>
 #include <Quillform/containers/SoTopLevelDialog.h>
 
 void OpenDialogs::Release::operator()(SoTopLevelDialog* dialog) const
@@ -19,6 +21,10 @@ void OpenDialogs::Release::operator()(SoTopLevelDialog* dialog) const
 OpenDialogs::OpenDialogs(const std::vector<DialogFile>& files, const Options& options) : m_options(options)
 {
   for (const DialogFile& file : files) {
+    if (SoMessageDialog* message = file.getMessage()) {
+      m_messages.push_back(message);
+      continue;
+    }
     SoTopLevelDialog* dialog = file.makeDialog();
     dialog->ref();
     m_dialogs.emplace_back(dialog);
@@ -31,7 +37,7 @@ OpenDialogs::OpenDialogs(const std::vector<DialogFile>& files, const Options& op
 
 OpenDialogs::~OpenDialogs() = default;
 
-void OpenDialogs::show()
+bool OpenDialogs::show()
 {
   if (m_options.inScene) {
     const GlContext probe; // a viewer has no words for a display without OpenGL
@@ -46,6 +52,10 @@ void OpenDialogs::show()
       dialog->show();
     }
   }
+  for (SoMessageDialog* message : m_messages) {
+    message->show();
+  }
+  return !m_dialogs.empty();
 }
 
 QWidget* OpenDialogs::buildWindow(SoTopLevelDialog* dialog) const
@@ -75,9 +85,24 @@ QImage OpenDialogs::draw(SoTopLevelDialog* dialog) const
   return MousePointer::grab(window);
 }
 
+QImage OpenDialogs::draw(SoMessageDialog* message)
+{
+  QImage picture;
+  QTimer whenOpen;
+  QObject::connect(&whenOpen, &QTimer::timeout, [&picture] {
+    if (QWidget* box = QApplication::activeModalWidget()) {
+      picture = box->grab().toImage();
+      box->close();
+    }
+  });
+  whenOpen.start(0);
+  message->show();
+  return picture;
+}
+
 void OpenDialogs::savePicture(const QString& fileName)
 {
-  const QImage picture = draw(m_dialogs.front().get());
+  const QImage picture = m_dialogs.empty() ? draw(m_messages.front()) : draw(m_dialogs.front().get());
   if (picture.isNull()) {
     throw Failure(Failure::BAD_FILE, QString("\"%1\" describes an empty window, of which there is no picture; put an "
                                              "element into it, or give a --size.")

@@ -10,6 +10,7 @@
 class QImage;
 class QWidget;
 class SceneViewer;
+class SoMessageDialog;
 
 /// The dialogs on screen, as windows or in viewers of the scene.
 class OpenDialogs {
@@ -20,7 +21,9 @@ public:
   OpenDialogs(const OpenDialogs&) = delete;
   OpenDialogs& operator=(const OpenDialogs&) = delete;
 
-  void show();
+  /// Shows everything. Messages are shown one after the other, and are closed when it returns. Returns whether there is
+  /// more than messages.
+  bool show();
 
   /// Saves a picture of the first dialog; throws a Failure when it cannot be drawn or written.
   void savePicture(const QString& fileName);
@@ -33,11 +36,13 @@ private:
 
   QWidget* buildWindow(SoTopLevelDialog* dialog) const;
   QImage draw(SoTopLevelDialog* dialog) const;
+  static QImage draw(SoMessageDialog* message);
 
   const Options& m_options;
   TraceAuditor m_trace;
   TabTraceAuditor m_tabTrace;
   std::vector<std::unique_ptr<SoTopLevelDialog, Release>> m_dialogs;
+  std::vector<SoMessageDialog*> m_messages;            // owned by the library
   std::vector<std::unique_ptr<SceneViewer>> m_viewers; // show the dialogs, so they go first
 };
 

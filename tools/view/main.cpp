@@ -66,8 +66,7 @@ int run(int argc, char** argv)
     dialogs.savePicture(options.screenshot);
     return 0;
   }
-  dialogs.show();
-  return display.run();
+  return dialogs.show() ? display.run() : 0;
 }
 
 } // namespace
