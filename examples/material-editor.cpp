@@ -84,12 +84,19 @@ void showMessage(const std::string& file, const char* id, const std::string& tex
 /// Connects the dialog with the model. Whatever the user operates, one of the operations dialog...() is called.
 class Editor : public SoDialogAuditor {
 public:
-  Editor(SoTopLevelDialog* dialog, const Model& model, SoQtExaminerViewer& viewer, std::string file)
-      : m_dialog(dialog), m_model(model), m_viewer(viewer), m_file(std::move(file))
+  Editor(SoTopLevelDialog* dialog, const Model& model, std::string file)
+      : m_dialog(dialog), m_model(model), m_file(std::move(file))
   {
     showMaterial();
     takeDialog();
     dialog->addAuditor(this);
+  }
+
+  /// Names the viewer whose picture is saved and whose background is chosen.
+  void setViewer(SoQtExaminerViewer* viewer)
+  {
+    m_viewer = viewer;
+    takeDialog();
   }
 
 private:
@@ -152,7 +159,7 @@ private:
     if (entry->mode.getValue() == SoMenuFileSelection::OPEN) {
       openModel(name);
     }
-    else if (!m_viewer.getGLWidget()->grab().save(QString::fromLatin1(name.c_str()))) {
+    else if (!m_viewer->getGLWidget()->grab().save(QString::fromLatin1(name.c_str()))) {
       showMessage(m_file, "error-message", "The picture cannot be saved as " + name + ".");
     }
   }
@@ -224,15 +231,18 @@ private:
     change(m_model.style->lineWidth, number("lineWidth"));
     change(m_model.style->pointSize, number("pointSize"));
     find<SoMenuRadioButtons>("menuStyle")->selectedItem = choice("style");
-    m_viewer.setBackgroundColor(SbColor(number("background"), number("background"), number("background")));
+    const float grey = number("background");
+    if (m_viewer) {
+      m_viewer->setBackgroundColor(SbColor(grey, grey, grey));
+    }
     find<SoDialogIntegerSlider>("lineWidth")->enable = choice("style") == SoDrawStyle::LINES;
     find<SoDialogIntegerSlider>("pointSize")->enable = choice("style") == SoDrawStyle::POINTS;
   }
 
   SoTopLevelDialog* m_dialog;
   const Model& m_model;
-  SoQtExaminerViewer& m_viewer;
-  std::string m_file; // of the dialog and the messages
+  SoQtExaminerViewer* m_viewer = nullptr; // until it is open
+  std::string m_file;                     // of the dialog and the messages
 };
 
 /// Draws again after the first frame, which is only as large as the area was before it was shown.
@@ -251,8 +261,7 @@ class Viewer : public SoQtExaminerViewer {
 void edit(SoTopLevelDialog* dialog, const std::string& file, bool inScene, bool printsChanges)
 {
   const Model model;
-  Viewer viewer;
-  Editor editor(dialog, model, viewer, file);
+  Editor editor(dialog, model, file);
   auto* camera = new SoPerspectiveCamera;
   camera->position.setValue(inScene ? 1.4F : 0.0F, -0.1F, 4.4F);
   auto* scene = new SoSeparator;
@@ -266,6 +275,7 @@ void edit(SoTopLevelDialog* dialog, const std::string& file, bool inScene, bool 
       scene->addChild(node);
     }
   }
+  Viewer viewer;
   viewer.setTitle("Model");
   viewer.setSize(inScene ? SbVec2s(1000, 600) : SbVec2s(640, 600));
   viewer.setHeadlight(FALSE);
@@ -273,6 +283,7 @@ void edit(SoTopLevelDialog* dialog, const std::string& file, bool inScene, bool 
   viewer.setSampleBuffers(4);
   viewer.setSceneGraph(scene);
   viewer.setViewing(!inScene); // in the scene the mouse operates the dialog
+  editor.setViewer(&viewer);
   SoNodeSensor sensor(printChange, nullptr);
   sensor.setPriority(0); // for every change, not once when the program is idle
   if (printsChanges) {

@@ -97,7 +97,7 @@ inline ::testing::AssertionResult stands(const QRectF& inner, const QRectF& oute
   return ::testing::AssertionFailure() << toString(inner) << " is not inside " << toString(outer);
 }
 
-/// All components below \a container, depth first.
+/// All components below \a container, depth first; not those of dialogs that it launches, which have their own plans.
 inline std::vector<SoDialogComponent*> componentsOf(const SoQuillform* container)
 {
   std::vector<SoDialogComponent*> found;
@@ -106,8 +106,9 @@ inline std::vector<SoDialogComponent*> componentsOf(const SoQuillform* container
     if (auto* component = dynamic_cast<SoDialogComponent*>(children->get(i))) {
       found.push_back(component);
     }
-    for (SoDialogComponent* inner : componentsOf(children->get(i))) {
-      found.push_back(inner);
+    if (!children->get(i)->isOfType(SoTopLevelDialog::getClassTypeId())) {
+      const std::vector<SoDialogComponent*> inner = componentsOf(children->get(i));
+      found.insert(found.end(), inner.cbegin(), inner.cend());
     }
   }
   return found;

@@ -314,6 +314,14 @@ void fill(Random& random, SoQuillform* element, bool anySize, int depth)
     children->insert(child, random.below(5));
     child->unref();
   }
+  auto* launcher = dynamic_cast<SoChildOperations<SoTopLevelDialog>*>(element);
+  if (launcher && random.oneIn(2)) {
+    auto* launched = new SoTopLevelDialog;
+    launched->ref();
+    fill(random, launched, anySize, depth + 2);
+    launcher->addChild(launched);
+    launched->unref();
+  }
 }
 
 } // namespace
