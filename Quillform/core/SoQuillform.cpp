@@ -855,8 +855,11 @@ void SoQuillform::adoptReadParts()
   const SoFieldData* fields = getFieldData();
   for (int i = 0; i < fields->getNumFields(); i++) {
     SoField* field = fields->getField(this, i);
-    if (field->isDefault()) {
-      continue; // most are, and names take long to compare
+    if (field->isDefault()) { // most are, and names take long to compare
+      if (field->isIgnored() && field->isOfType(SoSFNode::getClassTypeId())) {
+        field->setIgnored(FALSE); // it could be written, but not be read from a binary file
+      }
+      continue;
     }
     const int part = catalog->getPartNumber(fields->getFieldName(i));
     if (part == SO_CATALOG_NAME_NOT_FOUND || part == 0 || !isAuthorPart(part)) {
