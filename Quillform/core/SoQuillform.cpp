@@ -855,14 +855,17 @@ void SoQuillform::adoptReadParts()
   const SoFieldData* fields = getFieldData();
   for (int i = 0; i < fields->getNumFields(); i++) {
     SoField* field = fields->getField(this, i);
-    if (field->isDefault()) { // most are, and names take long to compare
-      if (field->isIgnored() && field->isOfType(SoSFNode::getClassTypeId())) {
-        field->setIgnored(FALSE); // it could be written, but not be read from a binary file
-      }
-      continue;
+    if (field->isDefault()) {
+      continue; // most are, and names take long to compare
     }
     const int part = catalog->getPartNumber(fields->getFieldName(i));
-    if (part == SO_CATALOG_NAME_NOT_FOUND || part == 0 || !isAuthorPart(part)) {
+    if (part == SO_CATALOG_NAME_NOT_FOUND || part == 0) {
+      continue;
+    }
+    if (!static_cast<SoSFNode*>(field)->getValue()) {
+      field->setIgnored(FALSE); // an empty part that is ignored could be written to a binary file, but not be read
+    }
+    if (!isAuthorPart(part)) {
       continue;
     }
     // The field was read like any other; the node must also take its place in the kit.
