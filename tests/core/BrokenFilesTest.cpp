@@ -189,7 +189,7 @@ TEST_F(BrokenFilesTest, aNodeInAnInnerPartIsNamed)
 {
   expectRefused(header + "TopLevelDialog {\n  geomSwitch Group {}\n}\n",
                 "\"geomSwitch\" of SoTopLevelDialog cannot be set");
-  expectRefused(header + "TopLevelDialog {\n  DialogLabel { topSeparator NULL }\n}\n",
+  expectRefused(header + "TopLevelDialog {\n  DialogLabel { topSeparator Separator {} }\n}\n",
                 "\"topSeparator\" of DialogLabel cannot be set");
 }
 
