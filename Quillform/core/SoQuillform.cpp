@@ -28,6 +28,8 @@
 #include <Quillform/core/SoLive3DElements.h>
 #include <algorithm>
 #include <map>
+#include <utility>
+#include <vector>
 
 SO_QUILLFORM_SOURCE(SoQuillform, "Quillform")
 
@@ -853,6 +855,7 @@ void SoQuillform::adoptReadParts()
 {
   const SoNodekitCatalog* catalog = getNodekitCatalog();
   const SoFieldData* fields = getFieldData();
+  std::vector<std::pair<int, SoNode*>> read;
   for (int i = 0; i < fields->getNumFields(); i++) {
     SoField* field = fields->getField(this, i);
     if (field->isDefault()) {
@@ -868,11 +871,14 @@ void SoQuillform::adoptReadParts()
     if (!isAuthorPart(part)) {
       continue;
     }
-    // The field was read like any other; the node must also take its place in the kit.
+    // The field was read like any other; the node must also take its place in the kit. There each stands beside those
+    // that the other fields name, so none may name a node that has no place yet.
     auto* holder = static_cast<SoSFNode*>(field);
-    SoNode* node = holder->getValue();
-    node->ref();
+    read.emplace_back(part, holder->getValue());
+    read.back().second->ref();
     holder->setValue(nullptr);
+  }
+  for (const auto& [part, node] : read) {
     setAnyPart(catalog->getName(part), node);
     node->unref();
   }
