@@ -28,6 +28,8 @@
 #include <Quillform/core/SoLive3DElements.h>
 #include <algorithm>
 #include <map>
+#include <utility>
+#include <vector>
 
 SO_QUILLFORM_SOURCE(SoQuillform, "Quillform")
 
@@ -853,20 +855,30 @@ void SoQuillform::adoptReadParts()
 {
   const SoNodekitCatalog* catalog = getNodekitCatalog();
   const SoFieldData* fields = getFieldData();
+  std::vector<std::pair<int, SoNode*>> read;
   for (int i = 0; i < fields->getNumFields(); i++) {
     SoField* field = fields->getField(this, i);
     if (field->isDefault()) {
       continue; // most are, and names take long to compare
     }
     const int part = catalog->getPartNumber(fields->getFieldName(i));
-    if (part == SO_CATALOG_NAME_NOT_FOUND || part == 0 || !isAuthorPart(part)) {
+    if (part == SO_CATALOG_NAME_NOT_FOUND || part == 0) {
       continue;
     }
-    // The field was read like any other; the node must also take its place in the kit.
+    if (!static_cast<SoSFNode*>(field)->getValue()) {
+      field->setIgnored(FALSE); // an empty part that is ignored could be written to a binary file, but not be read
+    }
+    if (!isAuthorPart(part)) {
+      continue;
+    }
+    // The field was read like any other; the node must also take its place in the kit. There each stands beside those
+    // that the other fields name, so none may name a node that has no place yet.
     auto* holder = static_cast<SoSFNode*>(field);
-    SoNode* node = holder->getValue();
-    node->ref();
+    read.emplace_back(part, holder->getValue());
+    read.back().second->ref();
     holder->setValue(nullptr);
+  }
+  for (const auto& [part, node] : read) {
     setAnyPart(catalog->getName(part), node);
     node->unref();
   }

@@ -185,6 +185,14 @@ TEST_F(BrokenFilesTest, aValueOfTheWrongTypeIsNamedWithItsLine)
   expectRefused(header + "TopLevelDialog {\n  position 1\n}\n", "position");
 }
 
+TEST_F(BrokenFilesTest, aNodeInAnInnerPartIsNamed)
+{
+  expectRefused(header + "TopLevelDialog {\n  geomSwitch Group {}\n}\n",
+                "\"geomSwitch\" of SoTopLevelDialog cannot be set");
+  expectRefused(header + "TopLevelDialog {\n  DialogLabel { topSeparator Separator {} }\n}\n",
+                "\"topSeparator\" of DialogLabel cannot be set");
+}
+
 TEST_F(BrokenFilesTest, aChildThatIsNoElementIsNamed)
 {
   expectRefused(header + "TopLevelDialog {\n  Cube {}\n}\n", "Cube");

@@ -233,8 +233,7 @@ std::string DialogFile::use(const std::string& bytes)
   std::string complaint;
   SoBoundedInput input;
   input.setBuffer(bytes.data(), bytes.size());
-  SoSeparator* root = input.readAll();
-  if (root) {
+  if (SoSeparator* root = input.readAll()) {
     root->ref();
     for (SoQuillform* element : topElementsOf(root)) {
       const std::string found = useElement(element);
@@ -243,9 +242,7 @@ std::string DialogFile::use(const std::string& bytes)
     root->unref();
     happen();
   }
-  // The reader loses a node that a value is connected to when it refuses what follows.
-  const bool mayBeLost = !root && (bytes.find('=') != std::string::npos || bytes.find('\0') != std::string::npos);
-  if (SoQuillform::getInstanceCount() != alive && !mayBeLost) {
+  if (SoQuillform::getInstanceCount() != alive) {
     complaint += "\nElements stay alive: " + std::to_string(SoQuillform::getInstanceCount() - alive);
   }
   for (QWidget* window : QApplication::topLevelWidgets()) {
