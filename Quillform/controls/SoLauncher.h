@@ -34,18 +34,21 @@ public:
     return SoAuditorDispatch::searchForAuditorId(this, id);
   }
 
+  /// Takes the widgets out of the window, and the windows of the launched dialogs with them.
   void destroyWidget() override
   {
     m_launched.destroyWindows();
     Base::destroyWidget();
   }
 
+  /// Shows or hides the geometry; the launched dialogs follow.
   void show3D(int show) override
   {
     Base::show3D(show);
     m_launched.follow3D();
   }
 
+  /// Moves the geometry; the launched dialogs follow.
   void set3DParentTranslation(SbVec3f& translation) override
   {
     Base::set3DParentTranslation(translation);
@@ -53,6 +56,8 @@ public:
   }
 
   using SoQuillform::getChildElements;
+
+  /// The launched dialogs.
   SoChildElements* getChildElements() override
   {
     return &m_launched.getElements();
@@ -61,6 +66,7 @@ public:
 protected:
   ~SoLauncher() override = default;
 
+  /// The list of children.
   SoChildElements& elements() override
   {
     return m_launched.getElements();
@@ -69,7 +75,7 @@ protected:
   /// A dialog was added or taken out.
   virtual void launchedDialogsChanged() {}
 
-  SoLaunchedDialogs m_launched;
+  SoLaunchedDialogs m_launched; ///< the dialogs, with what shows and hides them
 };
 
 #endif // QUILLFORM_SOLAUNCHER_H
