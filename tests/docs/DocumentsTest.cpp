@@ -2,9 +2,12 @@
 #include <Inventor/SoInput.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
+#include <QBoxLayout>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QLabel>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <support/Messages.h>
 #include <support/TestFiles.h>
@@ -158,6 +161,28 @@ TEST_F(DocumentsTest, theDialogsOfTheGuideOpenInBothForms)
   }
 }
 
+TEST_F(DocumentsTest, asTheGuideSaysADialogStandsInsideAWindowOfTheApplication)
+{
+  QWidget window;
+  window.setLayout(new QVBoxLayout);
+  auto* panel = new QWidget;
+  window.layout()->addWidget(new QLabel("above"));
+  window.layout()->addWidget(panel);
+  SoTopLevelDialog* dialog = load("TopLevelDialog { DialogPushButton { buttonLabel \"OK\" } }");
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_EQ(dialog->buildDialog(panel, TRUE), panel);
+  window.resize(400, 300);
+  window.show();
+  dialog->hide();
+  settle();
+  const auto* button = panel->findChild<QPushButton*>();
+  ASSERT_NE(button, nullptr);
+  EXPECT_TRUE(button->isVisible());
+  EXPECT_TRUE(window.rect().contains(panel->geometry()));
+  EXPECT_GT(panel->width(), 300);
+  dialog->destroyWidget();
+}
+
 TEST_F(DocumentsTest, thePageOnSkinsNamesEveryFileAndPart)
 {
   const QString page = read("docs/skins.md");
@@ -179,7 +204,7 @@ TEST_F(DocumentsTest, thePageOnSkinsNamesEveryFileAndPart)
 
 TEST_F(DocumentsTest, theSkinOfTheExampleGivesButtonsItsLook)
 {
-  const QString file = "examples/skins/warm/DialogPushButton.iv";
+  const QString file = "docs/skins/warm/DialogPushButton.iv";
   EXPECT_TRUE(read("docs/skins.md").contains("\n```iv\n" + read(file) + "```\n"))
     << "docs/skins.md does not show " << qPrintable(file) << " as it is";
   QDir skin(QString::fromStdString(pathOf("warm")));
