@@ -19,7 +19,7 @@ failed() {
 }
 trap failed ERR
 
-# install_dependencies [--pictures | --fuzz]: installs what is missing; says itself what to do when it cannot.
+# install_dependencies [--pictures | --doc | --fuzz]: installs what is missing; says itself what to do when it cannot.
 install_dependencies() {
   step="installing packages"
   hint="What to do is said above."

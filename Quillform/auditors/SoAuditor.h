@@ -17,7 +17,7 @@ public:
   /// Registers the auditor types, and takes that back in the reverse order. The type of SoTabDialogAuditor is
   /// not among them.
   static void initClasses();
-  static void exitClasses();
+  static void exitClasses(); ///< takes the registration back
 };
 
 #endif // QUILLFORM_SOAUDITOR_H

@@ -24,21 +24,21 @@ class QUILLFORM_API SoDialogAuditor : public SoAuditor {
   SO_TYPED_OBJECT_HEADER(SoDialogAuditor);
 
 public:
-  virtual void dialogPushButton(SoDialogPushButton* cpt);
-  virtual void dialogCheckBox(SoDialogCheckBox* cpt);
-  virtual void dialogComboBox(SoDialogComboBox* cpt);
-  virtual void dialogEditText(SoDialogEditText* cpt);
-  virtual void dialogIntegerSlider(SoDialogIntegerSlider* cpt);
-  virtual void dialogRadioButtons(SoDialogRadioButtons* cpt);
-  virtual void dialogRealSlider(SoDialogRealSlider* cpt);
+  virtual void dialogPushButton(SoDialogPushButton* cpt);       ///< a button was pressed
+  virtual void dialogCheckBox(SoDialogCheckBox* cpt);           ///< a box was checked or unchecked
+  virtual void dialogComboBox(SoDialogComboBox* cpt);           ///< an entry of the list was chosen
+  virtual void dialogEditText(SoDialogEditText* cpt);           ///< a text was changed
+  virtual void dialogIntegerSlider(SoDialogIntegerSlider* cpt); ///< a slider was moved, or its value typed
+  virtual void dialogRadioButtons(SoDialogRadioButtons* cpt);   ///< one of the entries was chosen
+  virtual void dialogRealSlider(SoDialogRealSlider* cpt);       ///< a slider was moved, or its value typed
 
   /// Never called by a dialog or group; does nothing.
   virtual void tabDialog(SoTabDialog* cpt);
 
-  virtual void menuPushButton(SoMenuPushButton* cpt);
-  virtual void menuCheckBox(SoMenuCheckBox* cpt);
-  virtual void menuFileSelection(SoMenuFileSelection* cpt);
-  virtual void menuRadioButtons(SoMenuRadioButtons* cpt);
+  virtual void menuPushButton(SoMenuPushButton* cpt);       ///< a command was chosen
+  virtual void menuCheckBox(SoMenuCheckBox* cpt);           ///< an entry was switched on or off
+  virtual void menuFileSelection(SoMenuFileSelection* cpt); ///< a file was chosen, or the choice cancelled
+  virtual void menuRadioButtons(SoMenuRadioButtons* cpt);   ///< one of the entries was chosen
 };
 
 #endif // QUILLFORM_SODIALOGAUDITOR_H

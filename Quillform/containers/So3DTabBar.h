@@ -20,35 +20,36 @@ class SoTransform;
 /// that are in sight have nodes.
 class So3DTabBar {
 public:
-  enum Button { BACK, FORTH }; ///< towards the first tab, and towards the last
+  /// The buttons that scroll: towards the first tab, and towards the last.
+  enum Button { BACK, FORTH };
 
   /// What the tabs are made of. The groups that several tabs draw are shared.
   struct Parts {
-    SoSwitch* tabs;        ///< holds all of them
-    SoSeparator* firstTab; ///< holds the first one in sight
-    SoSeparator* firstPlate;
-    SoSwitch* firstLooks;
-    SoSeparator* firstText;
-    SoGroup* looks[2];       ///< below firstLooks already: unselected, then selected
-    SoGroup* textProperties; ///< below firstText already
-    SoMaterial* textLook;
+    SoSwitch* tabs;           ///< holds all of them
+    SoSeparator* firstTab;    ///< holds the first one in sight
+    SoSeparator* firstPlate;  ///< its plate
+    SoSwitch* firstLooks;     ///< its two looks
+    SoSeparator* firstText;   ///< its text
+    SoGroup* looks[2];        ///< below firstLooks already: unselected, then selected
+    SoGroup* textProperties;  ///< below firstText already
+    SoMaterial* textLook;     ///< the colour of its text
     SoSeparator* buttons[2];  ///< by Button
     SoSwitch* buttonLooks[2]; ///< by Button: released is child 0, pressed child 1
   };
-  void attach(const Parts& parts);
+  void attach(const Parts& parts); ///< says once what the tabs are made of
 
   /// Shows tabs with these texts; one of them is selected. \a plan is \a corner away from the top-left corner of a
   /// frame of \a frameSize whose centre is the origin. \a side is a SoTabDialog::TabsLocation.
   struct Row {
-    std::vector<SbString> labels;
-    int selected;
-    const SoTabPlan& plan;
-    int side;
-    QPoint corner;
-    SbVec2i32 frameSize;
-    float z; ///< height of the surface that the tabs stand on
+    std::vector<SbString> labels; ///< texts of the tabs
+    int selected;                 ///< index of the selected one
+    const SoTabPlan& plan;        ///< where the tabs stand
+    int side;                     ///< a SoTabDialog::TabsLocation
+    QPoint corner;                ///< of the plan, from the top-left corner of the frame
+    SbVec2i32 frameSize;          ///< of the frame, whose centre is the origin
+    float z;                      ///< height of the surface that the tabs stand on
   };
-  void show(const Row& row, SoGetBoundingBoxAction* action);
+  void show(const Row& row, SoGetBoundingBoxAction* action); ///< makes and places the tabs in sight
 
   /// Makes the selected tab the one that comes into sight with the next show().
   void revealSelected();
@@ -59,7 +60,7 @@ public:
   /// The number of tabs before the first one in sight.
   int getFirst() const;
 
-  void press(Button button, bool down);
+  void press(Button button, bool down); ///< shows that a button is held down or not
 
   /// TRUE when a node is under the pointer.
   using IsPressed = std::function<bool(SoNode* node)>;

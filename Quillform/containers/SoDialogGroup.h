@@ -41,8 +41,8 @@ public:
   /// @{
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoDialogAuditor* auditor);
-  void removeAuditor(SoDialogAuditor* auditor);
+  void addAuditor(SoDialogAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoDialogAuditor* auditor); ///< takes an auditor out of the list; it stays alive
 
   /// Reports an element of the group to the group's auditors, or to the parent when it has none.
   void applyAuditor(SoQuillform* caller) override;
@@ -77,7 +77,7 @@ public:
 
   /// Spread the difference between \a newSize and the default size over the children.
   void computeNewChildrenHeight(SbVec2i32& newSize);
-  void computeNewChildrenWidth(SbVec2i32& newSize);
+  void computeNewChildrenWidth(SbVec2i32& newSize); ///< as computeNewChildrenHeight(), along the other axis
 
   QBoxLayout* getLayoutFor(const SoQuillform* child) const override;
   /// @}
@@ -96,6 +96,7 @@ public:
   void change3DEnable() override;
   void change3DWidgetEnable(int enable) override;
 
+  /// Reads the elements that follow the fields; FALSE when one cannot be read.
   virtual SbBool readChildren(SoInput* in);
   using SoQuillform::getChildElements;
   SoChildElements* getChildElements() override;
@@ -114,7 +115,7 @@ public:
 protected:
   ~SoDialogGroup() override;
 
-  SoChildElements& elements() override;
+  SoChildElements& elements() override; ///< the list of children
   void getDefaultFrameSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
   bool isAlwaysBuilt() const override;
   void update3D() override;
@@ -141,7 +142,7 @@ protected:
   /// Brings the spacing of the layout up to date.
   void changeSpacing();
 
-  SoBoxModel::Children getComponents() const;
+  SoBoxModel::Children getComponents() const; ///< the children, in order
 
   /// Makes the group's frame and puts it into the group's cell.
   virtual void createGroupWidget();

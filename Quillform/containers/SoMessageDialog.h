@@ -60,7 +60,7 @@ public:
 protected:
   ~SoMessageDialog() override;
 
-  void destroy() override;
+  void destroy() override; ///< closes the box first
 };
 
 #endif // QUILLFORM_SOMESSAGEDIALOG_H

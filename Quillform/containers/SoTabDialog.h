@@ -96,8 +96,8 @@ public:
   /// @{
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoTabDialogAuditor* auditor);
-  void removeAuditor(SoTabDialogAuditor* auditor);
+  void addAuditor(SoTabDialogAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoTabDialogAuditor* auditor); ///< takes an auditor out of the list; it stays alive
   void applyDlgCptAuditor() override;
   void applyAuditor(SoQuillform* caller) override;
   /// @}

@@ -17,17 +17,17 @@ public:
 
   /// What a tab dialog needs beside and above its pages, wherever the tabs are.
   static constexpr int borderWidth = 10;
-  static constexpr int borderHeight = 33;
+  static constexpr int borderHeight = 33; ///< likewise
 
   /// For tabs and pane of \a size together. \a side is a SoTabDialog::TabsLocation; without tabs the pane takes all.
   SoTabPlan(const QSize& size, int side, bool hasTabs);
 
-  QRect getPane() const;
-  QRect getPage() const;
+  QRect getPane() const; ///< the plate below the pages
+  QRect getPage() const; ///< the page in front
 
   /// The row of tabs as far as it is not covered by the pane: its length, from the first tab on, and its thickness.
   int getBarLength() const;
-  int getBarHeight() const;
+  int getBarHeight() const; ///< see getBarLength()
 
   /// The rectangle of a piece of the row of tabs.
   QRect getBarRect(int start, int length) const;

@@ -132,7 +132,7 @@ public:
 
   /// Shows or hides the dialog's own window. Without effect on a dialog built inside a parent.
   virtual void show();
-  virtual void hide();
+  virtual void hide(); ///< hides the window; see show()
 
   /// Hides the dialog and drops one reference to the node. A dialog that a launcher opens belongs to its launcher and
   /// is only hidden.
@@ -156,8 +156,8 @@ public:
   /// @{
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoDialogAuditor* auditor);
-  void removeAuditor(SoDialogAuditor* auditor);
+  void addAuditor(SoDialogAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoDialogAuditor* auditor); ///< takes an auditor out of the list; it stays alive
 
   /// Reports an element of the dialog to the dialog's auditors. Without any, a launched dialog hands it to its
   /// launcher and so to the dialog around that.
@@ -194,7 +194,7 @@ public:
 
   /// Gives every child the label column, and then the control column, that the children share.
   void setChildrenLabelSize();
-  void setChildrenComponentSize();
+  void setChildrenComponentSize(); ///< gives the controls their column
 
   /// Writes the six sizing fields without a reaction.
   void setSize(int width, int height, int minWidth, int minHeight, int maxWidth, int maxHeight);
@@ -211,34 +211,36 @@ public:
 
   /// \name 3D form
   /// @{
-  void handleEvent(SoHandleEventAction* action) override;
+  void handleEvent(SoHandleEventAction* action) override; ///< gives the element events in the scene
   void show3D(int show) override;
   SbBool shows3D(const SoQuillform* child) const override;
-  void show3DChildren(int show);
-  void minimize3DDialog();
-  void restore3DDialog();
-  void updateMinimizedState();
+  void show3DChildren(int show); ///< shows or hides the geometry of all children
+  void minimize3DDialog();       ///< leaves only the title bar in the scene
+  void restore3DDialog();        ///< brings back what minimize3DDialog() has hidden
+  void updateMinimizedState();   ///< follows the field minimized in the scene
   void change3DPosition() override;
   void change3DLabel() override;
   void change3DEnable() override;
   void update3DAfterSkinChange() override;
   /// @}
 
-  void setCurrentFocusedWidget(QWidget* widget);
-  QWidget* getCurrentFocusedWidget() const;
-  void setCurrentScrolledWidget(QWidget* widget);
-  QWidget* getCurrentScrolledWidget() const;
+  void setCurrentFocusedWidget(QWidget* widget);  ///< keeps a widget for getCurrentFocusedWidget()
+  QWidget* getCurrentFocusedWidget() const;       ///< the widget last set; nullptr once it is deleted
+  void setCurrentScrolledWidget(QWidget* widget); ///< keeps a widget for getCurrentScrolledWidget()
+  QWidget* getCurrentScrolledWidget() const;      ///< the widget last set; nullptr once it is deleted
 
   void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
   void updateFromSensor(SoSensor* sensor) override;
   void resetSize() override;
   void changeEnable() override;
   void changeLabel() override;
-  virtual void changeWidth();
-  virtual void changeHeight();
-  virtual void changeMinMaxSize();
-  void changeRowSpacing();
-  void changePosition();
+  virtual void changeWidth();      ///< reacts to width
+  virtual void changeHeight();     ///< reacts to height
+  virtual void changeMinMaxSize(); ///< reacts to the smallest and largest sizes
+  void changeRowSpacing();         ///< reacts to rowSpacing
+  void changePosition();           ///< moves the window to position
+
+  /// Reads the elements that follow the fields; FALSE when one cannot be read.
   virtual SbBool readChildren(SoInput* in);
   QBoxLayout* getLayoutFor(const SoQuillform* child) const override;
   using SoQuillform::getChildElements;
@@ -259,7 +261,9 @@ public:
 protected:
   ~SoTopLevelDialog() override;
 
-  SoChildElements& elements() override;
+  SoChildElements& elements() override; ///< the list of children
+
+  /// Copies what is not in fields too.
   void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;
   void exchangeAuthoredValues(bool writing) override;
   void press3D() override;

@@ -21,14 +21,14 @@ public:
   struct Parts {
     SoSwitch* list;          ///< holds all of it
     SoSeparator* firstEntry; ///< holds the first entry in sight
-    SoSeparator* firstPlate;
-    SoSeparator* firstText;
+    SoSeparator* firstPlate; ///< its plate
+    SoSeparator* firstText;  ///< its text
     SoGroup* plate;          ///< geometry of an entry, below firstPlate already
     SoGroup* textProperties; ///< below firstText already
     SoGroup* frame;          ///< geometry of the list's plate and of the chosen entry's
-    SoMaterial* textLook;
+    SoMaterial* textLook;    ///< the colour of its text
   };
-  void attach(const Parts& parts);
+  void attach(const Parts& parts); ///< says once what the list is made of
 
   /// TRUE when \a node is under the pointer.
   using IsPressed = std::function<bool(SoNode* node)>;
@@ -36,7 +36,9 @@ public:
   /// Shows the list: \a inSight of \a count entries at a time, in \a rect, which is measured from the top-left corner
   /// of a frame of \a frameSize whose centre is the origin, and on the plane \a z. Raises everything by \a lift.
   void open(const QRect& rect, const SbVec2i32& frameSize, int inSight, int count, float z, float lift);
-  void close();
+  void close(); ///< hides the list
+
+  /// TRUE between open() and close().
   bool isOpen() const;
 
   /// Fills the entries in sight and marks the chosen one.
@@ -44,7 +46,7 @@ public:
 
   /// Scrolls as far as it takes to have an entry in sight, in the middle if it has to scroll.
   void reveal(int index);
-  void scrollBy(int entries);
+  void scrollBy(int entries); ///< scrolls by a number of entries, upwards when it is negative
 
   /// The entry that is pressed; -1 when it is none.
   int getPressedEntry(const IsPressed& isPressed) const;
@@ -54,7 +56,7 @@ public:
 
   /// A motion of the pointer. FALSE when it does not drag the scroll bar.
   bool dragBar(const SbVec3f& pointer);
-  void releaseBar();
+  void releaseBar(); ///< the scroll bar was let go
 
 private:
   /// One entry in sight.

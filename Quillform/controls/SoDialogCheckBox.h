@@ -60,8 +60,8 @@ public:
 
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoDialogCheckBoxAuditor* auditor);
-  void removeAuditor(SoDialogCheckBoxAuditor* auditor);
+  void addAuditor(SoDialogCheckBoxAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoDialogCheckBoxAuditor* auditor); ///< takes an auditor out of the list; it stays alive
   void applyDlgCptAuditor() override;
 
   void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
@@ -78,11 +78,11 @@ public:
   void changeLabelVisibility() override;
   void changeEdgeStyle() override;
   void changeWidgetEnable(int enable) override;
-  void changeState();
-  void changeOnOffString();
+  void changeState();       ///< shows state in the window
+  void changeOnOffString(); ///< shows the text in the window
   void change3DLabelVisibility() override;
-  virtual void change3DState();
-  void change3DOnOffString();
+  virtual void change3DState(); ///< shows state in the scene
+  void change3DOnOffString();   ///< shows the text in the scene
 
   /// The user has clicked the box in the scene.
   virtual void draggerFinishCallback3D();

@@ -54,8 +54,8 @@ public:
 
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoDialogChoiceAuditor* auditor);
-  void removeAuditor(SoDialogChoiceAuditor* auditor);
+  void addAuditor(SoDialogChoiceAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoDialogChoiceAuditor* auditor); ///< takes an auditor out of the list; it stays alive
   void applyDlgCptAuditor() override;
 
   void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
@@ -68,10 +68,10 @@ public:
   void changeLabelAlignment() override;
   void changeLabelVisibility() override;
   void changeWidgetEnable(int enable) override;
-  virtual void changeItems();
-  virtual void changeSelectedItem();
-  virtual void change3DSelectedItem();
-  virtual void change3DItems();
+  virtual void changeItems();          ///< shows the entries in the window
+  virtual void changeSelectedItem();   ///< shows the chosen entry in the window
+  virtual void change3DSelectedItem(); ///< shows the chosen entry in the scene
+  virtual void change3DItems();        ///< shows the entries in the scene
 
   /// \name Steps of the build
   /// What is there already is not made again.
@@ -80,9 +80,10 @@ public:
   /// @}
 
 protected:
-  explicit SoDialogChoice(PartsLater later);
+  explicit SoDialogChoice(PartsLater later); ///< see PartsLater
   ~SoDialogChoice() override;
 
+  /// Copies what is not in fields too.
   void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;
 
   /// Makes the 3D form unless it is there already.

@@ -74,10 +74,10 @@ public:
   void changeEdgeStyle() override;
   void changeItems() override;
   void changeSelectedItem() override;
-  void updateComboBoxWidget();
-  void updateLabelWidget();
+  void updateComboBoxWidget(); ///< places the box in the window
+  void updateLabelWidget();    ///< places the label in the window
 
-  void handleEvent(SoHandleEventAction* action) override;
+  void handleEvent(SoHandleEventAction* action) override; ///< gives the element events in the scene
   void show3D(int show) override;
   void set3DInactive() override;
   void change3DEnable() override;
@@ -86,8 +86,8 @@ public:
   SbBool pressKey3D(const SoKeyboardEvent* event) override;
   void change3DItems() override;
   void change3DSelectedItem() override;
-  void update3DComboBox();
-  void update3DLabel();
+  void update3DComboBox(); ///< places everything but the label
+  void update3DLabel();    ///< places the label
 
   /// \name Steps of the build
   /// What is there already is not made again.

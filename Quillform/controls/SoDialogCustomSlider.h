@@ -11,7 +11,7 @@ class QUILLFORM_API SoDialogCustomSlider : public SoQtBasicSlider {
   Q_OBJECT
 
 public:
-  explicit SoDialogCustomSlider(QWidget* parent = nullptr);
+  explicit SoDialogCustomSlider(QWidget* parent = nullptr); ///< makes a bar of one colour
 
   /// The colours of the bar from left to right, copied. When \a shaded they run into each other and the bar looks
   /// round; otherwise each takes an equal, flat part of it. Without colours the bar is that of the base class.

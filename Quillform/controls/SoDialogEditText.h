@@ -19,9 +19,10 @@ class SoKeyboardEvent;
 /// at the end, Backspace takes the last character away, and Return finishes, as does a press on another element;
 /// Return with Shift begins a new line. A text that is larger than the frame scrolls.
 ///
-/// In a text of several lines the escapes of dialog files (`\n`, `\t`, `\"`) are shown as what they mean; a text of
-/// one line is shown as it is. `isNumeric` is kept for the files and has no effect. `wrapLine` set before the dialog
-/// is built takes effect in the scene only: a window wraps until the field changes while it is open.
+/// In a text of several lines the escapes of dialog files, those of a line end, a tab and a quotation mark, are shown
+/// as what they mean; a text of one line is shown as it is. `isNumeric` is kept for the files and has no effect.
+/// `wrapLine` set before the dialog is built takes effect in the scene only: a window wraps until the field changes
+/// while it is open.
 ///
 /// File format, after the fields of SoDialogComponent, with the defaults:
 /// \code
@@ -133,8 +134,8 @@ public:
 
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoDialogEditTextAuditor* auditor);
-  void removeAuditor(SoDialogEditTextAuditor* auditor);
+  void addAuditor(SoDialogEditTextAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoDialogEditTextAuditor* auditor); ///< takes an auditor out of the list; it stays alive
   void applyDlgCptAuditor() override;
 
   void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
@@ -143,7 +144,7 @@ public:
   /// The user has pressed Return (\a event 1) or changed the text (\a event 2) in the window.
   void eventNotify(unsigned int event, unsigned long data) override;
 
-  void handleEvent(SoHandleEventAction* action) override;
+  void handleEvent(SoHandleEventAction* action) override; ///< gives the element events in the scene
 
   SbVec2i32 getComponentInitSize() override;
   void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
@@ -155,13 +156,13 @@ public:
   void changeEdgeStyle() override;
   void changeWidgetEnable(int enable) override;
 
-  virtual void changeEditable();
+  virtual void changeEditable(); ///< lets the user type in the window, or not
 
   /// Replaces the editor of the window by one of the other kind, at the same place.
   virtual void changeMultiLine();
 
-  virtual void changeWrapLine();
-  virtual void changeEditText();
+  virtual void changeWrapLine(); ///< breaks long lines in the window, or not
+  virtual void changeEditText(); ///< shows the text in the window
 
   void createEditTextWidget(); ///< does nothing: the editor is made together with the label
   void updateEditTextWidget(); ///< places the editor in the window

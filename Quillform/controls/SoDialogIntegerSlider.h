@@ -33,8 +33,8 @@ public:
 
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoDialogIntegerSliderAuditor* auditor);
-  void removeAuditor(SoDialogIntegerSliderAuditor* auditor);
+  void addAuditor(SoDialogIntegerSliderAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoDialogIntegerSliderAuditor* auditor); ///< takes an auditor out of the list; it stays alive
   void applyDlgCptAuditor() override;
 
   void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;

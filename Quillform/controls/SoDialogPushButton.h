@@ -56,8 +56,8 @@ public:
 
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoDialogPushButtonAuditor* auditor);
-  void removeAuditor(SoDialogPushButtonAuditor* auditor);
+  void addAuditor(SoDialogPushButtonAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoDialogPushButtonAuditor* auditor); ///< takes an auditor out of the list; it stays alive
   void applyDlgCptAuditor() override;
 
   /// Replaces the geometry of the pressed look by \a node.
@@ -78,20 +78,20 @@ public:
   void changeLabelVisibility() override;
   void changeEdgeStyle() override;
   void changeWidgetEnable(int enable) override;
-  void changeButtonLabel();
+  void changeButtonLabel(); ///< shows the text in the window
   void change3DLabel() override;
   void change3DLabelAlignment() override;
   void change3DLabelVisibility() override;
-  void change3DButtonLabel();
-  void change3DButtonState(int state);
-  void updateLabelWidget();  ///< places the label in the relay
-  void updateButtonWidget(); ///< places the button in the relay
+  void change3DButtonLabel();          ///< shows the text in the scene
+  void change3DButtonState(int state); ///< shows the pressed look, or the released one for 0
+  void updateLabelWidget();            ///< places the label in the relay
+  void updateButtonWidget();           ///< places the button in the relay
 
   /// \name Hooks without effect
   /// @{
-  void createButtonWidget() {}
-  void activateButton() {}
-  void changeButtonState(int /*state*/) {}
+  void createButtonWidget() {}             ///< without effect
+  void activateButton() {}                 ///< without effect
+  void changeButtonState(int /*state*/) {} ///< without effect
   /// @}
 
   /// \name Steps of the build

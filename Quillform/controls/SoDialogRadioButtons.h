@@ -70,16 +70,16 @@ public:
   void changeEdgeStyle() override;
   void changeItems() override;
   void changeSelectedItem() override;
-  void createRadioButtonsWidget(int index);
-  void updateLabelWidget();
+  void createRadioButtonsWidget(int index); ///< makes the button of an entry in the window
+  void updateLabelWidget();                 ///< places the title in the window
 
   void change3DLabel() override;
   void change3DLabelVisibility() override;
   SbBool pressKey3D(const SoKeyboardEvent* event) override;
   void change3DItems() override;
   void change3DSelectedItem() override;
-  void update3DRadioButtons();
-  void update3DLabel();
+  void update3DRadioButtons(); ///< places everything but the title
+  void update3DLabel();        ///< places the title
 
   /// Spreads the height of a component of the size \a size over the entries in the scene.
   void computeNewButtonsHeight(const SbVec2i32& size);

@@ -95,7 +95,7 @@ public:
 
   /// Width of the zone that shows the value, and of the bar, in the window and in pixels.
   int getEditZoneWidth() const;
-  int getSliderWidth() const;
+  int getSliderWidth() const; ///< the width of the bar in the window, in pixels
 
   /// \name What the user does
   /// @{
@@ -147,7 +147,7 @@ public:
 
   void buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget) override;
   void updateFromSensor(SoSensor* sensor) override;
-  void handleEvent(SoHandleEventAction* action) override;
+  void handleEvent(SoHandleEventAction* action) override; ///< gives the element events in the scene
   SbVec2i32 getComponentInitSize() override;
   void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
   bool hasSizeAsMinimum() const override;
@@ -166,12 +166,12 @@ public:
   void change3DWidgetEnable(int enable) override;
   void change3DLabelVisibility() override;
   SbBool pressKey3D(const SoKeyboardEvent* event) override;
-  void change3DValueVisible();
-  void change3DToggleVisible();
-  void change3DContinuousTrigger();
-  void change3DSliderValue(); ///< shows position and value in the scene
-  void change3DCursor();      ///< gives the cursor its place
-  void update3DSlider();      ///< places everything but the label
+  void change3DValueVisible();      ///< shows or hides the value in the scene
+  void change3DToggleVisible();     ///< shows or hides the toggle in the scene
+  void change3DContinuousTrigger(); ///< shows the field in the toggle of the scene
+  void change3DSliderValue();       ///< shows position and value in the scene
+  void change3DCursor();            ///< gives the cursor its place
+  void update3DSlider();            ///< places everything but the label
 
   /// \name Steps of the build
   /// What is there already is not made again.
@@ -186,9 +186,9 @@ public:
 protected:
   /// The two ends of the bar, and the value field.
   struct Range {
-    double min;
-    double max;
-    double value;
+    double min;   ///< value at the left end
+    double max;   ///< value at the right end
+    double value; ///< between them
   };
 
   ~SoDialogSlider() override;
@@ -196,7 +196,7 @@ protected:
   /// The constructor of a slider with values of \a kind; \a defaultFormat is used where `format` cannot be.
   SoDialogSlider(SoValueFormat::Kind kind, const char* defaultFormat);
 
-  virtual Range getRange() const;
+  virtual Range getRange() const; ///< the value and its limits as numbers
 
   /// The value at a position, as the value field would hold it.
   virtual double getValueAt(float position) const;
@@ -206,7 +206,7 @@ protected:
 
   /// Writes the value field, or the limits, without a reaction.
   virtual void storeValue(double value);
-  virtual void storeLimits(double min, double max);
+  virtual void storeLimits(double min, double max); ///< sets the limits without a reaction
 
   /// How far an arrow key moves the cursor, as a part of the bar.
   virtual float getSingleStep() const;

@@ -17,7 +17,7 @@ public:
   SoLaunchedDialogs(
     SoQuillform* launcher, std::function<void()> changed = [] {});
 
-  SoChildElements& getElements();
+  SoChildElements& getElements(); ///< the dialogs
 
   /// \name As windows
   /// @{

@@ -34,23 +34,27 @@ public:
     return SoAuditorDispatch::searchForAuditorId(this, id);
   }
 
+  /// Takes the widgets out of the window, and the windows of the launched dialogs with them.
   void destroyWidget() override
   {
     m_launched.destroyWindows();
     Base::destroyWidget();
   }
 
+  /// Shows or hides the geometry; the launched dialogs follow.
   void show3D(int show) override
   {
     Base::show3D(show);
     m_launched.follow3D();
   }
 
+  /// A launched dialog is seen while it is open, and with the launcher.
   SbBool shows3D(const SoQuillform* child) const override
   {
     return Base::shows3D(child) && m_launched.isOpen3D();
   }
 
+  /// Moves the geometry; the launched dialogs follow.
   void set3DParentTranslation(SbVec3f& translation) override
   {
     Base::set3DParentTranslation(translation);
@@ -58,6 +62,8 @@ public:
   }
 
   using SoQuillform::getChildElements;
+
+  /// The launched dialogs.
   SoChildElements* getChildElements() override
   {
     return &m_launched.getElements();
@@ -66,6 +72,7 @@ public:
 protected:
   ~SoLauncher() override = default;
 
+  /// The list of children.
   SoChildElements& elements() override
   {
     return m_launched.getElements();
@@ -74,7 +81,7 @@ protected:
   /// A dialog was added or taken out.
   virtual void launchedDialogsChanged() {}
 
-  SoLaunchedDialogs m_launched;
+  SoLaunchedDialogs m_launched; ///< the dialogs, with what shows and hides them
 };
 
 #endif // QUILLFORM_SOLAUNCHER_H

@@ -13,6 +13,7 @@
 /// a point wherever the program runs.
 class QUILLFORM_API SoValueFormat {
 public:
+  /// What the conversion prints.
   enum Kind {
     INTEGER, ///< %d %i %u %o %x %X
     REAL     ///< %f %F %e %E %g %G

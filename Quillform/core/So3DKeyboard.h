@@ -18,7 +18,7 @@ class QUILLFORM_API So3DKeyboard {
 public:
   /// Called by the outermost elements of a scene, before and after an event has gone through what they hold.
   static void beginEvent(SoHandleEventAction* action);
-  static void endEvent(SoQuillform* root, SoHandleEventAction* action);
+  static void endEvent(SoQuillform* root, SoHandleEventAction* action); ///< see beginEvent()
 
   /// The user has pressed \a element, which gets the keyboard if it has a use for it.
   static void take(SoQuillform* element);

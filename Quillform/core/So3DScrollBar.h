@@ -15,24 +15,29 @@ class SoTransform;
 /// It knows how far its element is scrolled; the nodes are catalog parts of the element.
 class QUILLFORM_API So3DScrollBar {
 public:
+  /// Along which axis it scrolls.
   enum Direction { HORIZONTAL, VERTICAL };
-  enum Button { BACK, FORTH }; ///< towards the beginning, and towards the end
+
+  /// The buttons at the ends: towards the beginning, and towards the end.
+  enum Button { BACK, FORTH };
 
   /// The parts that the bar consists of.
   struct Parts {
     SoSwitch* bar;            ///< holds all of it
     SoSeparator* buttons[2];  ///< by Button
     SoSwitch* buttonLooks[2]; ///< by Button: released is child 0, pressed child 1
-    SoSeparator* groove;
-    SoSeparator* cursor;
+    SoSeparator* groove;      ///< what the cursor moves in
+    SoSeparator* cursor;      ///< the piece that is dragged
   };
-  void attach(Direction direction, const Parts& parts);
+  void attach(Direction direction, const Parts& parts); ///< says once what the bar is made of
 
   /// Places the bar in \a rect, which is measured from the top-left corner of a frame of \a frameSize whose centre
   /// is the origin, at the height \a z.
   void place(const QRect& rect, const SbVec2i32& frameSize, float z);
 
-  void show(bool visible);
+  void show(bool visible); ///< shows or hides the bar
+
+  /// TRUE after show(true).
   bool isShown() const;
 
   /// \a content and the part of it that is shown at a time, in scene units.
@@ -40,11 +45,11 @@ public:
 
   /// How much of the content has been scrolled out at the beginning; never beyond the range.
   float getScrolled() const;
-  void scrollTo(float scrolled);
-  float getEnd() const;  ///< the most that it can be scrolled
-  float getPage() const; ///< see setRange
+  void scrollTo(float scrolled); ///< scrolls to a place, kept within the range
+  float getEnd() const;          ///< the most that it can be scrolled
+  float getPage() const;         ///< see setRange
 
-  void press(Button button, bool down);
+  void press(Button button, bool down); ///< shows that a button is held down or not
 
   /// The amount of content that the cursor passes when it moves by \a distance along the bar.
   float toContent(float distance) const;

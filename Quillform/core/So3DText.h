@@ -24,6 +24,8 @@ public:
   /// Adds the text's nodes to \a group, which holds the text properties \a properties already. \a look, of
   /// the element, says how a disabled text looks.
   void attach(SoGroup* group, SoGroup* properties, SoNode* look);
+
+  /// TRUE once attach() was called.
   bool isAttached() const;
 
   /// The text as it is displayed, Latin-1; line feeds separate lines.
@@ -43,7 +45,7 @@ public:
   /// The right end of the widest line where the text was last placed, in the coordinates of the frame.
   float getRight() const;
 
-  SoText3* getNode() const;
+  SoText3* getNode() const; ///< the text itself
 
   /// A line of text with the properties that a group holds, in scene units.
   struct LineMetrics {
@@ -51,7 +53,7 @@ public:
     float ascent;   ///< from the top of the line to its baseline
     float fontSize; ///< nominal
   };
-  static LineMetrics getLineMetrics(const SoGroup* properties);
+  static LineMetrics getLineMetrics(const SoGroup* properties); ///< of a line with these properties
 
 private:
   void measure(SoGetBoundingBoxAction* action);

@@ -24,6 +24,8 @@ public:
   /// Adds the text's nodes to \a group, which holds the text properties \a properties already. \a look, of the
   /// element, says how a disabled text looks; \a action, of the element, measures.
   void attach(SoGroup* group, SoGroup* properties, SoNode* look, SoGetBoundingBoxAction* action);
+
+  /// TRUE once attach() was called.
   bool isAttached() const;
 
   /// Replaces the lines by the one line \a text.
@@ -33,12 +35,12 @@ public:
   /// broken at a blank or, in a word that is too long, anywhere; nothing is left out or repeated.
   void setLines(const QString& text, float maxWidth);
 
-  int getNum() const;
+  int getNum() const; ///< number of lines
 
   /// Height of a line, width of one and of the widest one, in scene units.
   float getLineHeight() const;
-  float getWidth(int index) const;
-  float getWidth() const;
+  float getWidth(int index) const; ///< in scene units, of one line or of the widest
+  float getWidth() const;          ///< in scene units, of one line or of the widest
 
   /// Shows lines in \a rect, which is measured from the top-left corner of a frame of \a frameSize whose centre is
   /// the origin: from line \a first on, and each of them from \a scrolled on. A first line that is higher than the

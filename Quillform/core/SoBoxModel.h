@@ -29,7 +29,7 @@ public:
   /// Keeps sums of absurd sizes within what a window can have.
   static int clampPixels(long long pixels);
 
-  using Children = std::vector<SoTopComponent*>;
+  using Children = std::vector<SoTopComponent*>; ///< the elements of a box, in order
 
   /// Asks every child for its size and bounds. A menu bar keeps its least height.
   void measure(const Children& children);
@@ -90,7 +90,7 @@ public:
 
   /// Gives every child the label and the control size that it needs itself.
   static void giveOwnLabelSizes(const Children& children);
-  static void giveOwnComponentSizes(const Children& children);
+  static void giveOwnComponentSizes(const Children& children); ///< gives each child a control column of its own
   /// @}
 
 private:

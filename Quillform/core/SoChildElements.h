@@ -23,12 +23,12 @@ public:
     std::function<void()> changed; ///< called after every change
   };
 
-  SoChildElements(SoQuillform* owner, Rules rules);
+  SoChildElements(SoQuillform* owner, Rules rules); ///< an empty list, of the element that holds the children
   ~SoChildElements();
   SoChildElements(const SoChildElements&) = delete;
   SoChildElements& operator=(const SoChildElements&) = delete;
 
-  int getNum() const;
+  int getNum() const;                  ///< number of children
   SoQuillform* get(int index) const;   ///< nullptr outside the list
   int find(const SoNode* child) const; ///< -1 when it is not in the list
 
@@ -36,7 +36,7 @@ public:
   /// message, a node of another type, one that has a place in a dialog already, and one that contains the
   /// container or is contained in itself. Returns whether the child was taken.
   bool insert(SoNode* child, int index);
-  void append(SoNode* child);
+  void append(SoNode* child); ///< adds a child at the end
 
   /// Takes a child out, its widgets first. Outside the list nothing is taken, but the change is reported.
   void remove(int index);
@@ -44,14 +44,16 @@ public:
   /// Takes all children out, the last one first.
   void removeAll();
 
-  void replace(int index, SoNode* child);
+  void replace(int index, SoNode* child); ///< puts a child in the place of another
 
   /// \name Files, searches and copies
   /// The container's own operations come down to these.
   /// @{
   SbBool readChildren(SoInput* in); ///< FALSE, after a message, when a child could not be read
   void traverse(SoAction* action);  ///< the children only, not the nodes of the kit
-  void addToCopyDict() const;
+  void addToCopyDict() const;       ///< lets the children be copied with their container
+
+  /// Takes copies of the children of another container.
   void copyFrom(const SoChildElements& from, SbBool copyConnections);
   /// @}
 

@@ -32,6 +32,7 @@ public:
     return static_cast<Child*>(elements().get(index));
   }
 
+  /// Number of children.
   virtual int getNumChildren() const
   {
     return elements().getNum();
@@ -49,21 +50,25 @@ public:
     elements().remove(index);
   }
 
+  /// Removes a child; a node that is none removes nothing.
   virtual void removeChild(Child* child)
   {
     removeChild(findChild(child));
   }
 
+  /// Removes all children.
   virtual void removeAllChildren()
   {
     elements().removeAll();
   }
 
+  /// Puts a child in the place of another; without the other it does nothing.
   virtual void replaceChild(int index, Child* child)
   {
     elements().replace(index, child);
   }
 
+  /// Puts a child in the place of another; without the other it does nothing.
   virtual void replaceChild(Child* oldChild, Child* newChild)
   {
     replaceChild(findChild(oldChild), newChild);
@@ -72,65 +77,98 @@ public:
   /// \name Generic nodes
   /// As above for nodes whose class is not known at compile time.
   /// @{
+
+  /// Adds a node at the end.
   void addChild(SoNode* child)
   {
     elements().append(child);
   }
+
+  /// Adds nothing.
   void addChild(std::nullptr_t) {}
+
+  /// Inserts a node.
   void insertChild(SoNode* child, int index)
   {
     elements().insert(child, index);
   }
+
+  /// Inserts nothing.
   void insertChild(std::nullptr_t, int) {}
+
+  /// Index of a node; -1 when it is not a child.
   int findChild(const SoNode* child) const
   {
     return elements().find(child);
   }
+
+  /// Removes a node, if it is a child.
   void removeChild(SoNode* child)
   {
     removeChild(dynamic_cast<Child*>(child));
   }
+
+  /// Puts a node in the place of the child at an index.
   void replaceChild(int index, SoNode* child)
   {
     elements().replace(index, child);
   }
+
+  /// Puts a node in the place of a child.
   void replaceChild(SoNode* oldChild, SoNode* newChild)
   {
     elements().replace(elements().find(oldChild), newChild);
   }
 
+  /// The same as addChild().
   void internalAddChild(SoNode* child)
   {
     addChild(child);
   }
+
+  /// The same as insertChild().
   void internalInsertChild(SoNode* child, int index)
   {
     insertChild(child, index);
   }
+
+  /// The same as getChild().
   SoNode* internalGetChild(int index) const
   {
     return getChild(index);
   }
+
+  /// The same as findChild().
   int internalFindChild(const SoNode* child) const
   {
     return findChild(child);
   }
+
+  /// The same as removeChild().
   void internalRemoveChild(int index)
   {
     removeChild(index);
   }
+
+  /// The same as removeChild().
   void internalRemoveChild(SoNode* child)
   {
     removeChild(elements().find(child));
   }
+
+  /// The same as removeAllChildren().
   void internalRemoveAllChildren()
   {
     removeAllChildren();
   }
+
+  /// The same as replaceChild().
   void internalReplaceChild(int index, SoNode* child)
   {
     replaceChild(index, child);
   }
+
+  /// The same as replaceChild().
   void internalReplaceChild(SoNode* oldChild, SoNode* newChild)
   {
     replaceChild(oldChild, newChild);
@@ -138,7 +176,10 @@ public:
   /// @}
 
 protected:
+  /// The list of the container.
   virtual SoChildElements& elements() = 0;
+
+  /// The list of the container.
   const SoChildElements& elements() const
   {
     return const_cast<SoChildOperations*>(this)->elements();

@@ -19,16 +19,16 @@ class SoKeyboardEvent;
 
 /// How a component's frame stands in its cell of the layout, the same in both forms.
 struct SoCellLimits {
-  QSizePolicy::Policy horizontal = QSizePolicy::Preferred;
-  QSizePolicy::Policy vertical = QSizePolicy::Preferred;
-  QSize minimum = QSize(0, 0);
-  QSize maximum = QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+  QSizePolicy::Policy horizontal = QSizePolicy::Preferred; ///< across
+  QSizePolicy::Policy vertical = QSizePolicy::Preferred;   ///< upright
+  QSize minimum = QSize(0, 0);                             ///< in pixels
+  QSize maximum = QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX); ///< in pixels
 };
 
 /// What a layout inside a component's frame wants of the frame.
 struct SoPlannedContents {
-  QSize minimum = QSize(0, 0);
-  Qt::Orientations expanding; ///< where it takes all room that the frame's neighbours leave
+  QSize minimum = QSize(0, 0); ///< in pixels
+  Qt::Orientations expanding;  ///< where it takes all room that the frame's neighbours leave
 };
 
 /// Base of every control and group: the sizing fields, the label beside the control, and the edge.
@@ -119,7 +119,7 @@ public:
   /// The natural size of the label's text.
   virtual SbVec2i32 getLabelInitSize();
 
-  virtual void setFocus();
+  virtual void setFocus(); ///< gives the control the keyboard of the window; without effect in this class
 
   /// Tells the component whether its container lets it be operated.
   virtual void changeWidgetEnable(int enable);
@@ -127,21 +127,21 @@ public:
   /// The class's own size and bounds, used where a sizing field is 0.
   virtual void getDefaultSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max);
 
-  virtual void changeLabelVisibility();
-  virtual void changeEdgeStyle();
-  virtual void updateComponentWidget();
-  virtual void changeWidth();
-  virtual void changeHeight();
-  virtual void changeMinMaxSize();
-  virtual void change3DLabelVisibility();
-  virtual void change3DEdgeStyle();
+  virtual void changeLabelVisibility();   ///< shows or hides the label in the window
+  virtual void changeEdgeStyle();         ///< draws the edge in the window
+  virtual void updateComponentWidget();   ///< gives the frame its cell's limits
+  virtual void changeWidth();             ///< reacts to width
+  virtual void changeHeight();            ///< reacts to height
+  virtual void changeMinMaxSize();        ///< reacts to the smallest and largest sizes
+  virtual void change3DLabelVisibility(); ///< shows or hides the label in the scene
+  virtual void change3DEdgeStyle();       ///< shows the edge in the scene
 
   void change3DLabel() override;
   void change3DLabelAlignment() override;
   void update3DAfterSkinChange() override;
 
-  const SbVec2i32& getLabelSize() const;
-  const SbVec2i32& getComponentSize() const;
+  const SbVec2i32& getLabelSize() const;     ///< see setLabelSize()
+  const SbVec2i32& getComponentSize() const; ///< see setComponentSize()
 
   /// Writes the six sizing fields without a reaction.
   void setSize(int width, int height, int minWidth, int minHeight, int maxWidth, int maxHeight);
@@ -226,12 +226,13 @@ public:
   SoSwitch* getGeometrySwitch() const;
   /// @}
 
-  void getBoundingBox(SoGetBoundingBoxAction* action) override;
+  void getBoundingBox(SoGetBoundingBoxAction* action) override; ///< the extent of the 3D form
 
 protected:
-  explicit SoDialogComponent(PartsLater later);
+  explicit SoDialogComponent(PartsLater later); ///< see PartsLater
   ~SoDialogComponent() override;
 
+  /// Copies what is not in fields too.
   void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;
   void exchangeAuthoredValues(bool writing) override;
 
@@ -290,7 +291,7 @@ protected:
 
   /// Gives the edge and the label their places.
   void update3DDialogComponent();
-  void update3DSideLabel();
+  void update3DSideLabel(); ///< gives the label its place
 
   /// get3DComponentSize for a component of the size \a frame. The two forms may have different sizes at a time.
   void getControlRect3D(const SbVec2i32& frame, SbVec2i32& size, SbVec2i32& position) const;

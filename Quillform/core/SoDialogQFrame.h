@@ -25,23 +25,23 @@ public:
 
   /// The size that the layout model has computed for the component.
   void setComputedSize(const QSize& size);
-  QSize sizeHint() const override;
+  QSize sizeHint() const override; ///< what a layout asks for
 
   /// Shows the label's text and names the control after it, also when the label is hidden.
   void setLabel(const QString& text);
-  virtual void setAlignment(Qt::Alignment alignment);
-  void setLabelVisibility(bool visible);
-  virtual void labelWidgetPos(int x, int y, int w, int h);
-  QLabel* getLabel() const;
+  virtual void setAlignment(Qt::Alignment alignment);      ///< of the label
+  void setLabelVisibility(bool visible);                   ///< shows or hides the label
+  virtual void labelWidgetPos(int x, int y, int w, int h); ///< places the label
+  QLabel* getLabel() const;                                ///< the label; nullptr without one
 
   /// Tells the relay that it shows everything that it is to show at first. The control gets its name then, once.
   void setComplete();
 
-  static Qt::Alignment toQt(int labelAlignment);
+  static Qt::Alignment toQt(int labelAlignment); ///< of a SoQuillform::LabelAlignment
 
 protected:
-  void resizeEvent(QResizeEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override; ///< places what stands inside
+  void paintEvent(QPaintEvent* event) override;   ///< draws
 
   /// The node; nullptr once it is gone.
   SoDialogComponent* getOwner() const;

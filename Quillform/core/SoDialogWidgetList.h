@@ -10,14 +10,14 @@ class QWidget;
 class QUILLFORM_API SoDialogWidgetList : public SbPList {
 public:
   SoDialogWidgetList();
-  explicit SoDialogWidgetList(int capacity);
-  SoDialogWidgetList(const SoDialogWidgetList& other);
+  explicit SoDialogWidgetList(int capacity);           ///< an empty list with room for that many
+  SoDialogWidgetList(const SoDialogWidgetList& other); ///< a list of the same widgets
   ~SoDialogWidgetList();
 
-  SoDialogWidgetList& operator=(const SoDialogWidgetList& other);
+  SoDialogWidgetList& operator=(const SoDialogWidgetList& other); ///< makes it hold the same widgets
 
-  void append(QWidget* widget);
-  void insert(QWidget* widget, int index);
+  void append(QWidget* widget);            ///< adds a widget at the end
+  void insert(QWidget* widget, int index); ///< inserts a widget
 
   /// Index of \a widget, -1 when it is not in the list.
   int find(QWidget* widget) const;

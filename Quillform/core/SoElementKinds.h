@@ -10,9 +10,12 @@ class SoElementKinds {
 public:
   /// Registers all classes in their fixed order, and takes that back in the reverse order.
   static void initClasses();
-  static void exitClasses();
+  static void exitClasses(); ///< takes the registration back
 
+  /// TRUE for a top-level dialog.
   static bool isTopLevelDialog(const SoQuillform* element);
+
+  /// TRUE for a row, column or tab dialog.
   static bool isGroup(const SoQuillform* element);
 
   /// TRUE for an element whose texts are shown as they are written, backslashes included.

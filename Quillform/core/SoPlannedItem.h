@@ -12,12 +12,14 @@ public:
   /// stored in \a rect.
   SoPlannedItem(const QSize& hint, const SoPlannedContents& contents, const SoCellLimits& limits, QRect& rect);
 
-  QSize sizeHint() const override;
-  QSize minimumSize() const override;
-  QSize maximumSize() const override;
-  Qt::Orientations expandingDirections() const override;
-  void setGeometry(const QRect& rect) override;
-  QRect geometry() const override;
+  QSize sizeHint() const override;                       ///< what a layout asks for
+  QSize minimumSize() const override;                    ///< what a layout asks for
+  QSize maximumSize() const override;                    ///< what a layout asks for
+  Qt::Orientations expandingDirections() const override; ///< what a layout asks for
+  void setGeometry(const QRect& rect) override;          ///< stores where the layout places it
+  QRect geometry() const override;                       ///< where the layout has placed it
+
+  /// FALSE: it always takes room.
   bool isEmpty() const override;
 
 private:

@@ -162,7 +162,7 @@ public:
   /// The auditor at \a index; nullptr when there is none.
   SoAuditor* getAuditor(int index) const;
 
-  int getAuditorListLength() const;
+  int getAuditorListLength() const; ///< number of auditors
 
   /// Reports the element to its container once, as if the user had operated it; a container reports its children.
   virtual void applyAuditors();
@@ -183,7 +183,7 @@ public:
 
   /// The element that holds this one; nullptr for a root. Containers set it. The parent is not referenced.
   void setParent(SoQuillform* parent);
-  SoQuillform* getParent() const;
+  SoQuillform* getParent() const; ///< see setParent()
 
   /// The nearest enclosing top-level dialog. A parent that cannot be traversed ends the search, unless
   /// \a ignoreTraversal is set, with this node when \a returnSelfIfRoot is set and nullptr otherwise.
@@ -261,7 +261,7 @@ public:
   /// Reports \a caller, an element below this one, to this element's auditors.
   virtual void applyAuditor(SoQuillform* caller);
 
-  virtual void resetSize();
+  virtual void resetSize(); ///< forgets the sizes that the layout has computed
 
   /// The contents of this element, or of one inside it, have changed: the dialog around it is built anew.
   virtual void updateAfterSceneGraphChange();
@@ -275,9 +275,9 @@ public:
   /// TRUE when each child stands in a cell of its own whose spare room is below it, not beside it.
   virtual SbBool hasVerticalCells() const;
 
-  virtual void changeEnable();
-  virtual void changeLabel();
-  virtual void changeLabelAlignment();
+  virtual void changeEnable();         ///< enables or disables the widgets
+  virtual void changeLabel();          ///< shows the label in the window
+  virtual void changeLabelAlignment(); ///< aligns the label in the window
 
   /// The sensors' callback: calls updateFromSensor of the node \a data.
   static void fieldChangedCB(void* data, SoSensor* sensor);
@@ -297,13 +297,13 @@ public:
 
   /// Sets the place of the element's origin, in the coordinates of the node that holds the dialog.
   virtual void set3DParentTranslation(SbVec3f& translation);
-  const SbVec3f& get3DParentTranslation() const;
+  const SbVec3f& get3DParentTranslation() const; ///< see set3DParentTranslation()
 
-  virtual void change3DPosition();
-  virtual void change3DWidgetEnable(int enable);
-  virtual void change3DEnable();
-  virtual void change3DLabel();
-  virtual void change3DLabelAlignment();
+  virtual void change3DPosition();               ///< follows a new place in the scene
+  virtual void change3DWidgetEnable(int enable); ///< tells the element whether its ancestors let it be operated
+  virtual void change3DEnable();                 ///< enables or disables the geometry
+  virtual void change3DLabel();                  ///< shows the label in the scene
+  virtual void change3DLabelAlignment();         ///< aligns the label in the scene
 
   /// Drops the element's activity in the scene. Derived classes undo their highlighting first.
   virtual void set3DInactive();
@@ -315,20 +315,24 @@ public:
   /// everything in the dialog around it, but not so far that it would look larger.
   virtual SbVec3f getLaunchPlace3D() const;
 
-  void apply3DParentTranslation();
+  void apply3DParentTranslation(); ///< brings the geometry to its place
 
   /// The transform that takes back the motion accumulated between this element and \a node, a node of its own.
   void undoTransformMatrix(SoNode* node, SoTransform* transform);
-  float compute3DDepth(SoNode* node);
+  float compute3DDepth(SoNode* node); ///< along z, of what undoTransformMatrix() gives
 
-  void setLabelCacheBBox(SbBox3f box);
-  const SbBox3f& getLabelCachedBBox() const;
+  void setLabelCacheBBox(SbBox3f box);       ///< keeps the extent of the label's text
+  const SbBox3f& getLabelCachedBBox() const; ///< what setLabelCacheBBox() keeps
+
+  /// TRUE when that is not empty.
   SbBool isLabelCachedBBox() const;
 
-  void setBuilt3D(int built);
-  int isBuilt3D() const;
-  void setCanBeTraversed(int traversable);
-  int canBeTraversed() const;
+  void setBuilt3D(int built);              ///< says that the 3D form is there
+  int isBuilt3D() const;                   ///< non-zero once the 3D form is there
+  void setCanBeTraversed(int traversable); ///< see getFirstTopParent()
+  int canBeTraversed() const;              ///< see getFirstTopParent()
+
+  /// FALSE while show3D() hides the element.
   SbBool isShown3D() const;
 
   /// TRUE while this element lets \a child, an element inside it, be seen in the scene.
@@ -338,17 +342,17 @@ public:
   SbBool isLive3D() const;
   /// @}
 
-  void handleEvent(SoHandleEventAction* action) override;
-  void notify(SoNotList* list) override;
-  void grabEventsSetup() override;
-  void grabEventsCleanup() override;
-  void write(SoWriteAction* action) override;
-  void addWriteReference(SoOutput* out, SbBool isFromField = FALSE) override;
-  void search(SoSearchAction* action) override;
+  void handleEvent(SoHandleEventAction* action) override; ///< gives the element events in the scene
+  void notify(SoNotList* list) override;                  ///< hears of changed fields and parts
+  void grabEventsSetup() override;                        ///< keeps the node while it holds the pointer
+  void grabEventsCleanup() override;                      ///< lets the node go again
+  void write(SoWriteAction* action) override;             ///< writes the fields and the elements inside
+  void addWriteReference(SoOutput* out, SbBool isFromField = FALSE) override; ///< counts what write() will write
+  void search(SoSearchAction* action) override;                               ///< searches the elements inside too
 
   /// The elements inside this one; nullptr for an element that holds none.
   virtual SoChildElements* getChildElements();
-  const SoChildElements* getChildElements() const;
+  const SoChildElements* getChildElements() const; ///< likewise
 
 protected:
   /// How far in front of its launcher a dialog stands, in scene units.
@@ -357,15 +361,17 @@ protected:
   /// Chooses the constructor of a base class that leaves the list of the kit's parts to the derived class, which makes
   /// it anew in any case.
   struct PartsLater {};
-  explicit SoQuillform(PartsLater later);
+  explicit SoQuillform(PartsLater later); ///< see PartsLater
 
   ~SoQuillform() override;
 
-  void destroy() override;
-  SoNode* addToCopyDict() const override;
+  void destroy() override;                ///< the last reference is gone
+  SoNode* addToCopyDict() const override; ///< begins a copy, with the elements inside
+
+  /// Copies what is not in fields too.
   void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;
-  void setDefaultOnNonWritingFields() override;
-  SbBool readInstance(SoInput* in, unsigned short flags) override;
+  void setDefaultOnNonWritingFields() override;                    ///< keeps what the library made itself out of files
+  SbBool readInstance(SoInput* in, unsigned short flags) override; ///< reads fields, parts and the elements inside
 
   /// While an element is written its fields hold what its author set, not what the layout computed. Called
   /// with TRUE before and FALSE after.

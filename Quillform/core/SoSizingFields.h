@@ -16,10 +16,10 @@ class QUILLFORM_API SoSizingFields {
 public:
   /// width, height, minWidth, minHeight, maxWidth, maxHeight, in this order.
   enum Index { WIDTH, HEIGHT, MIN_WIDTH, MIN_HEIGHT, MAX_WIDTH, MAX_HEIGHT, COUNT };
-  using Fields = std::array<SoSFInt32*, COUNT>;
-  using Values = std::array<int, COUNT>;
+  using Fields = std::array<SoSFInt32*, COUNT>; ///< the six fields, by index
+  using Values = std::array<int, COUNT>;        ///< their values, by index
 
-  SoSizingFields(SoWatchedFields& watched, const Fields& fields);
+  SoSizingFields(SoWatchedFields& watched, const Fields& fields); ///< for these fields, all of one element
 
   /// \name What the author gave
   /// @{
@@ -30,6 +30,7 @@ public:
   /// Remembers one field, which the author has just set.
   void captureOne(const SoField* field);
 
+  /// TRUE once the author's values are known.
   bool isCaptured() const;
 
   /// The remembered values; 0 before anything was captured.

@@ -28,8 +28,8 @@ public:
   /// Reads the file of the skin in force and moves its geometry into the live groups.
   void reload();
 
-  int isLoaded() const;
-  void setLoaded(int loaded);
+  int isLoaded() const;       ///< non-zero once the file has been read
+  void setLoaded(int loaded); ///< stores what isLoaded() gives
 
 private:
   void read();
@@ -73,7 +73,7 @@ private:
 /// The text properties that all 3D texts share.
 class QUILLFORM_API SoTextSkin {
 public:
-  static SoSkinFile& getSkin();
+  static SoSkinFile& getSkin(); ///< the file of the text properties
 
   /// The live group `DialogTextProperties`: colour, offset and font of 3D text.
   static SoGroup* getProperties();

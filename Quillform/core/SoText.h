@@ -8,11 +8,13 @@
 /// The border between the 8-bit texts of fields and Qt's texts. Characters outside Latin-1 are not preserved.
 class SoText {
 public:
+  /// The text of a field for Qt.
   static QString toQt(const SbString& text)
   {
     return QString::fromLatin1(text.getString());
   }
 
+  /// A text of Qt for a field.
   static SbString fromQt(const QString& text)
   {
     return text.toLatin1().constData();

@@ -29,7 +29,7 @@ public:
 
   /// TRUE when a field has changed, watched or not, since the last forgetChanges().
   bool hasChanges() const;
-  void forgetChanges();
+  void forgetChanges(); ///< counts from now on
 
   /// The field whose change fired \a sensor; nullptr for a sensor that is not the elements' own.
   static const SoField* getFired(SoSensor* sensor);
@@ -46,7 +46,7 @@ public:
   /// Keeps one field from having reactions for as long as it lives, on every way out of the scope.
   class QUILLFORM_API Pause {
   public:
-    Pause(SoWatchedFields& watched, const SoField& field);
+    Pause(SoWatchedFields& watched, const SoField& field); ///< begins the pause
     ~Pause();
     Pause(const Pause&) = delete;
     Pause& operator=(const Pause&) = delete;

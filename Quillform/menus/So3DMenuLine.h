@@ -15,29 +15,32 @@ class So3DMenuLine {
 public:
   /// Where a line stands. Everything is in pixels.
   struct Place {
-    QRect rect;           ///< of the line, from the top-left corner of a frame whose centre is the origin
-    SbVec2i32 frame;      ///< size of that frame
-    int text;             ///< left end of the text within the line
-    int shortcut;         ///< right end of the shortcut within the line
-    float plate, surface; ///< heights of the plate's foot and of what the texts stand on
+    QRect rect;      ///< of the line, from the top-left corner of a frame whose centre is the origin
+    SbVec2i32 frame; ///< size of that frame
+    int text;        ///< left end of the text within the line
+    int shortcut;    ///< right end of the shortcut within the line
+    float plate;     ///< height of the plate's foot
+    float surface;   ///< height of what the texts stand on
   };
 
   /// The geometry of the plate; nothing for a line that has a plate of its own.
   struct Plates {
-    SoGroup* released = nullptr;
-    SoGroup* held = nullptr;
+    SoGroup* released = nullptr; ///< at rest
+    SoGroup* held = nullptr;     ///< while it is held down
   };
 
   /// Adds the line to \a group, which holds the text properties \a properties already. \a look, of the element, says
   /// how a disabled text looks.
   void attach(SoSeparator* group, SoGroup* properties, SoMaterial* look, const Plates& plates);
+
+  /// TRUE once attach() was called.
   bool isAttached() const;
 
   /// Both as they are displayed, Latin-1.
   void setTexts(const SbString& text, const SbString& shortcut);
 
-  void place(const Place& place, int alignment, SoGetBoundingBoxAction* action);
-  void setHeld(bool held);
+  void place(const Place& place, int alignment, SoGetBoundingBoxAction* action); ///< places the line
+  void setHeld(bool held); ///< shows that the line is held down or not
 
   /// Forgets measured extents, after the font has changed.
   void forgetExtents();

@@ -61,6 +61,8 @@ public:
   void getSize(SbVec2i32& size, SbVec2i32& min, SbVec2i32& max) override;
   void changeEnable() override;
   void updateAfterSceneGraphChange() override;
+
+  /// Reads the elements that follow the fields; FALSE when one cannot be read.
   virtual SbBool readChildren(SoInput* in);
   using SoQuillform::getChildElements;
   SoChildElements* getChildElements() override;
@@ -82,7 +84,7 @@ public:
 protected:
   ~SoMenuBar() override;
 
-  SoChildElements& elements() override;
+  SoChildElements& elements() override; ///< the list of children
   void press3D() override;
   void release3D() override;
 

@@ -49,24 +49,24 @@ public:
 
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoMenuCheckBoxAuditor* auditor);
-  void removeAuditor(SoMenuCheckBoxAuditor* auditor);
+  void addAuditor(SoMenuCheckBoxAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoMenuCheckBoxAuditor* auditor); ///< takes an auditor out of the list; it stays alive
   void applyDlgCptAuditor() override;
 
   void buildMenu(void* parentMenu, int asWidget, int index) override;
   void menuEvent(void* action, int id) override;
   void updateFromSensor(SoSensor* sensor) override;
   SbVec2i32 getItemInitSize() override;
-  void changeState();
-  void changeOnString();
-  void changeAccelerator();
+  void changeState();       ///< shows state in the window
+  void changeOnString();    ///< shows the text in the window
+  void changeAccelerator(); ///< gives the entry its shortcut
 
   void insertMenuItem(int index) override; ///< makes the relay, with its action
 
   void create3DItem(int index) override;
   void update3DItem() override;
-  void change3DState();
-  void change3DOnString();
+  void change3DState();    ///< shows state in the scene
+  void change3DOnString(); ///< shows the text in the scene
   void draggerFinishCallback3D() override;
   Columns getColumns3D() const override;
 

@@ -49,8 +49,8 @@ public:
 
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoMenuFileSelectionAuditor* auditor);
-  void removeAuditor(SoMenuFileSelectionAuditor* auditor);
+  void addAuditor(SoMenuFileSelectionAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoMenuFileSelectionAuditor* auditor); ///< takes an auditor out of the list; it stays alive
   void applyDlgCptAuditor() override;
 
   void openDialogBox();    ///< lets the user choose, and reports it

@@ -92,7 +92,7 @@ public:
 
   /// Sets the width of the item in the scene, unless it has one already and \a force is zero.
   virtual void setItemSize(SbVec2i32 size, int force);
-  virtual SbVec2i32 getItemSize() const;
+  virtual SbVec2i32 getItemSize() const; ///< see setItemSize()
   /// @}
 
   /// \name 3D form
@@ -128,7 +128,7 @@ protected:
 
   /// Heights over the item's plane, in scene units: the plate's front, and what texts and marks stand on.
   static constexpr float plateFace = 1.0F;
-  static constexpr float textSurface = 2.0F;
+  static constexpr float textSurface = 2.0F; ///< what texts and marks stand on
 
   static constexpr int textMargin = 4;   ///< left and right of the texts, in pixels
   static constexpr int markColumn = 20;  ///< room for a mark left of the text
@@ -142,9 +142,9 @@ protected:
   /// \name The action of an item that has one
   /// Its relay is made by the first build and lives as long as the node; menus come and go.
   /// @{
-  void setRelay(SoMenuQItem* relay);
-  SoMenuQItem* getRelay() const; ///< nullptr before the first build and after Qt destroyed it
-  void setShortcut(const SbString& accel);
+  void setRelay(SoMenuQItem* relay);       ///< keeps the relay
+  SoMenuQItem* getRelay() const;           ///< nullptr before the first build and after Qt destroyed it
+  void setShortcut(const SbString& accel); ///< gives the action its shortcut
   /// @}
 
   /// The text of the item as it is displayed, with its mnemonic mark.
@@ -183,7 +183,7 @@ protected:
 
   virtual int getLineUnderPointer3D();         ///< -1 when the pointer is elsewhere
   virtual void setHeld3D(int line, bool held); ///< shows that a line is held down
-  int getPressedLine3D() const;
+  int getPressedLine3D() const;                ///< the line that is held down; -1 when none is
   void press3D() override;
   void drag3D() override;
   void release3D() override;

@@ -53,6 +53,8 @@ public:
 
   void applyAuditor(SoQuillform* caller) override;
   void updateAfterSceneGraphChange() override;
+
+  /// Reads the elements that follow the fields; FALSE when one cannot be read.
   virtual SbBool readChildren(SoInput* in);
   using SoQuillform::getChildElements;
   SoChildElements* getChildElements() override;
@@ -73,6 +75,8 @@ public:
 
   /// \name 3D form
   /// @{
+
+  /// TRUE while the menu is open in the scene.
   SbBool isOpen3D() const;
 
   /// Opens the menu or closes it, with all menus inside it.
@@ -92,7 +96,7 @@ public:
 protected:
   ~SoMenuPopup() override;
 
-  SoChildElements& elements() override;
+  SoChildElements& elements() override; ///< the list of children
   So3DMenuLine::Plates getPlates() const override;
   SbString getShortcutText() const override;
   void updateLines3D() override;

@@ -42,14 +42,14 @@ public:
 
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoMenuPushButtonAuditor* auditor);
-  void removeAuditor(SoMenuPushButtonAuditor* auditor);
+  void addAuditor(SoMenuPushButtonAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoMenuPushButtonAuditor* auditor); ///< takes an auditor out of the list; it stays alive
   void applyDlgCptAuditor() override;
 
   void buildMenu(void* parentMenu, int asWidget, int index) override;
   void menuEvent(void* action, int id) override;
   void updateFromSensor(SoSensor* sensor) override;
-  void changeAccelerator();
+  void changeAccelerator(); ///< gives the entry its shortcut
 
   void insertMenuItem(int index) override; ///< makes the relay, with its action
 

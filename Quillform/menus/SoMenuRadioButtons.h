@@ -55,8 +55,8 @@ public:
 
   using SoQuillform::addAuditor;
   using SoQuillform::removeAuditor;
-  void addAuditor(SoMenuRadioButtonsAuditor* auditor);
-  void removeAuditor(SoMenuRadioButtonsAuditor* auditor);
+  void addAuditor(SoMenuRadioButtonsAuditor* auditor);    ///< adds an auditor at the end, unless it is in the list
+  void removeAuditor(SoMenuRadioButtonsAuditor* auditor); ///< takes an auditor out of the list; it stays alive
   void applyDlgCptAuditor() override;
 
   SbString getSelectedText() const; ///< empty when no entry is selected
@@ -71,15 +71,15 @@ public:
   SbVec2i32 getItemInitSize() override;
   void changeEnable() override;
   void changeLabel() override;
-  void changeSelectedItem();
-  void changeItems();
-  void changeAccelerators();
+  void changeSelectedItem(); ///< shows the selected entry in the window
+  void changeItems();        ///< shows the entries in the window
+  void changeAccelerators(); ///< gives the entries their shortcuts
 
   void insertMenuItem(int index) override; ///< makes the relays, with their actions
 
   void create3DItem(int index) override;
-  void change3DSelectedItem();
-  void change3DItems();
+  void change3DSelectedItem(); ///< shows the selected entry in the scene
+  void change3DItems();        ///< shows the entries in the scene
   void update3DAfterSkinChange() override;
   void draggerFinishCallback3D() override;
   Columns getColumns3D() const override;

@@ -5,6 +5,15 @@
 
 /// A line between the entries of a menu.
 ///
+/// \code
+/// MenuPopup {
+///   label "&File"
+///   MenuPushButton { label "&Save" }
+///   MenuSeparator { }
+///   MenuPushButton { label "&Quit" }
+/// }
+/// \endcode
+///
 /// It adds no fields to those of SoMenuItem.
 ///
 /// Catalog, below `geomSwitch`:

@@ -25,7 +25,7 @@ public:
   SoSeparator* readAll();
 
   using SoInput::read;
-  SbBool read(SbName& name, SbBool isIdentifier = FALSE) override; // the reader's first step into every node
+  SbBool read(SbName& name, SbBool isIdentifier = FALSE) override; ///< the reader's first step into every node
 
 private:
   const char* m_bottom; // where the stack stood when reading began

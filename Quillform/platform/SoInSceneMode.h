@@ -10,7 +10,9 @@
 /// it makes a window. A dialog that is built already keeps its form.
 class QUILLFORM_API SoInSceneMode {
 public:
-  static void setEnabled(SbBool enabled);
+  static void setEnabled(SbBool enabled); ///< chooses the form of dialogs that are built from now on
+
+  /// TRUE when they are built as geometry.
   static SbBool isEnabled();
 };
 

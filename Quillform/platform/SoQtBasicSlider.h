@@ -15,33 +15,34 @@ class QUILLFORM_API SoQtBasicSlider : public QWidget {
   Q_OBJECT
 
 public:
+  /// What is called with the data it was added with, and the new position.
   typedef void Callback(void* data, float value);
 
   static constexpr int thumbWidth = 11; ///< of the piece that moves, in pixels
 
-  explicit SoQtBasicSlider(QWidget* parent = nullptr);
+  explicit SoQtBasicSlider(QWidget* parent = nullptr); ///< makes a bar with the piece at 0
 
   /// Moves the piece. Runs no callback. What lies outside of 0 to 1 becomes the nearest end, no number becomes 0.
   void setValue(float value);
-  float getValue() const;
+  float getValue() const; ///< the position of the piece
 
   /// How far an arrow key or a notch of the wheel moves the piece, and how far a page key does.
   void setSteps(float single, float page);
-  float getSingleStep() const;
+  float getSingleStep() const; ///< see setSteps()
 
   /// A pair that is registered already is not registered again; removing one that is not does nothing. Callbacks
   /// may change the lists and delete the slider.
   void addValueChangedCallback(Callback* callback, void* data = nullptr);
-  void removeValueChangedCallback(Callback* callback, void* data = nullptr);
-  void addFinishCallback(Callback* callback, void* data = nullptr);
-  void removeFinishCallback(Callback* callback, void* data = nullptr);
+  void removeValueChangedCallback(Callback* callback, void* data = nullptr); ///< see addValueChangedCallback()
+  void addFinishCallback(Callback* callback, void* data = nullptr);          ///< likewise, for the end of a motion
+  void removeFinishCallback(Callback* callback, void* data = nullptr);       ///< see addFinishCallback()
 
   /// What the positions stand for, to programs that operate the slider in the user's place, such as screen readers.
   struct Scale {
-    double value;
-    double minimum; // at the left end
-    double maximum; // at the right end
-    double step;
+    double value;   ///< of the present position
+    double minimum; ///< at the left end
+    double maximum; ///< at the right end
+    double step;    ///< of an arrow key
   };
 
   /// In this class the positions stand for themselves.
@@ -50,20 +51,20 @@ public:
   /// Moves the piece as the user does, to the end of the motion.
   void moveByUser(float value);
 
-  QSize sizeHint() const override;
+  QSize sizeHint() const override; ///< what a layout asks for
 
 protected:
   /// Draws the bar below the piece, inside \a rect.
   virtual void drawBar(QPainter& painter, const QRect& rect);
 
-  void paintEvent(QPaintEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
-  void wheelEvent(QWheelEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  void changeEvent(QEvent* event) override;
-  void hideEvent(QHideEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;        ///< draws
+  void mousePressEvent(QMouseEvent* event) override;   ///< follows the mouse
+  void mouseMoveEvent(QMouseEvent* event) override;    ///< follows the mouse
+  void mouseReleaseEvent(QMouseEvent* event) override; ///< follows the mouse
+  void wheelEvent(QWheelEvent* event) override;        ///< follows the wheel
+  void keyPressEvent(QKeyEvent* event) override;       ///< follows the keys
+  void changeEvent(QEvent* event) override;            ///< ends a drag when the slider is disabled
+  void hideEvent(QHideEvent* event) override;          ///< ends a drag
 
 private:
   struct Entry {

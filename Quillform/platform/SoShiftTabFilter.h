@@ -10,7 +10,7 @@ public:
   /// Watches the viewers from now on; calls after the first one do nothing.
   static void install();
 
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override; ///< hands Shift+Tab on
 
 private:
   using QObject::QObject;

@@ -18,8 +18,8 @@ public:
 
 protected:
   SoTypedObject() = default;
-  SoTypedObject(const SoTypedObject&) = default;
-  SoTypedObject& operator=(const SoTypedObject&) = default;
+  SoTypedObject(const SoTypedObject&) = default;            ///< copies may be made
+  SoTypedObject& operator=(const SoTypedObject&) = default; ///< and assigned
 };
 
 /// Declares the run-time type of a class derived from SoTypedObject, with its registration.
