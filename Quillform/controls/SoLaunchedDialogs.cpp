@@ -2,6 +2,7 @@
 
 #include <Inventor/Qt/SoQt.h>
 #include <Quillform/containers/SoTopLevelDialog.h>
+#include <Quillform/core/SoRebuildScope.h>
 #include <utility>
 
 std::vector<SoTopLevelDialog*> SoLaunchedDialogs::hold() const
@@ -90,7 +91,9 @@ void SoLaunchedDialogs::raiseWindows()
 
 void SoLaunchedDialogs::destroyWindows()
 {
-  forEach([](SoTopLevelDialog* dialog) { dialog->destroyWidget(); });
+  if (!SoRebuildScope::isActive()) {
+    forEach([](SoTopLevelDialog* dialog) { dialog->destroyWidget(); });
+  }
 }
 
 bool SoLaunchedDialogs::isSeen3D() const

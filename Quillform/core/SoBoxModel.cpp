@@ -69,7 +69,7 @@ void SoBoxModel::measure(const Children& children)
     entry.isBar = !toComponent(children[i]);
     if (entry.isBar) {
       entry.max[1] = entry.min[1];
-      entry.least = entry.size; // higher than its bounds: a window puts it above its layout
+      entry.least.setValue(entry.min[0], entry.size[1]); // a window puts it above its layout, in its own height
     }
     else {
       entry.least = getLeastSizeOf(children[i], entry.size, entry.min, entry.max);

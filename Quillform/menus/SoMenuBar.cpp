@@ -8,6 +8,7 @@
 #include <Quillform/auditors/SoAuditorDispatch.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoDialogComponent.h>
+#include <Quillform/core/SoRebuildScope.h>
 #include <algorithm>
 
 SO_QUILLFORM_SOURCE(SoMenuBar, "MenuBar")
@@ -157,7 +158,10 @@ QMenuBar* SoMenuBar::getMenu(void* /*parent*/)
 
 void SoMenuBar::createMenuBar(QWidget* parent)
 {
-  removeBar();
+  {
+    const SoRebuildScope rebuild;
+    removeBar();
+  }
   m_bar = new QMenuBar(parent);
   m_bar->setObjectName("ZEPSoMenuBar");
   m_bar->setNativeMenuBar(false); // it belongs to the dialog, also where programs have one bar for all windows

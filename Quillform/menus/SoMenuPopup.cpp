@@ -7,6 +7,7 @@
 #include <Inventor/nodes/SoTransform.h>
 #include <QMenuBar>
 #include <Quillform/core/So3DPlacement.h>
+#include <Quillform/core/SoRebuildScope.h>
 #include <Quillform/core/SoText.h>
 #include <Quillform/menus/SoMenuBar.h>
 #include <Quillform/menus/SoMenuSeparator.h>
@@ -146,6 +147,7 @@ void SoMenuPopup::buildItems()
   const bool isLonger =
     m_builtItems.size() <= items.size() && std::equal(m_builtItems.cbegin(), m_builtItems.cend(), items.cbegin());
   if (!isLonger) {
+    const SoRebuildScope rebuild;
     for (SoMenuItem* item : items) {
       item->destroyWidget();
     }

@@ -52,7 +52,18 @@ void hearQt(QtMsgType type, const QMessageLogContext& /*context*/, const QString
   }
 }
 
-/// The texts that the scene shows, element by element.
+/// Whether an element belongs to a dialog that one of the elements has opened, or may open.
+bool isLaunched(const SoTopLevelDialog* dialog, const SoQuillform* element)
+{
+  for (; element && element != dialog; element = element->getParent()) {
+    if (element->isOfType(SoTopLevelDialog::getClassTypeId())) {
+      return true;
+    }
+  }
+  return false;
+}
+
+/// The texts that the scene shows, element by element. What is open differs from one copy to the next.
 std::vector<std::string> describeScene(SoTopLevelDialog* dialog)
 {
   std::vector<SoQuillform*> elements = RandomTree::elementsBelow(dialog);
@@ -60,7 +71,8 @@ std::vector<std::string> describeScene(SoTopLevelDialog* dialog)
   std::vector<std::string> lines;
   for (SoQuillform* element : elements) {
     SoNode* geometry = Plan::partOf(element, "geomSwitch");
-    if (geometry && !element->isOfType(SoDialogEditText::getClassTypeId())) { // the user may have scrolled that
+    const bool isCompared = !element->isOfType(SoDialogEditText::getClassTypeId()) && !isLaunched(dialog, element);
+    if (geometry && isCompared) { // the user may have scrolled that
       for (const std::string& text : Choices::textsIn(geometry)) {
         lines.push_back(RandomTree::placeOf(dialog, element) + ": \"" + text + "\"");
       }
