@@ -62,11 +62,13 @@ public:
   {
     const SoNodekitCatalog* catalog = m_element->getNodekitCatalog();
     for (const auto& [field, node] : getNodes()) {
+      const auto before = m_before.find(field);
+      if (node == (before != m_before.end() ? before->second : nullptr)) {
+        continue;
+      }
       const SbName& name = m_fields->getFieldName(field);
       const int part = catalog->getPartNumber(name);
-      const bool isInner = part > 0 && !(catalog->isPublic(part) && catalog->isLeaf(part));
-      const auto before = m_before.find(field);
-      if (isInner && node != (before != m_before.end() ? before->second : nullptr)) {
+      if (part > 0 && !(catalog->isPublic(part) && catalog->isLeaf(part))) {
         SoReadError::post(in, "\"%s\" of %s cannot be set", name.getString(),
                           m_element->getTypeId().getName().getString());
         return false;
