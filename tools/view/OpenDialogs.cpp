@@ -3,6 +3,7 @@
 #include "Failure.h"
 #include "GlContext.h"
 #include "MousePointer.h"
+#include "QuietQt.h"
 #include "ScenePicture.h"
 #include "SceneViewer.h"
 #include <QApplication>
@@ -87,6 +88,7 @@ QImage OpenDialogs::draw(SoTopLevelDialog* dialog) const
 
 QImage OpenDialogs::draw(SoMessageDialog* message)
 {
+  const QuietQt quiet("The message cannot be shown here; draw it on a display.");
   QImage picture;
   QTimer whenOpen;
   QObject::connect(&whenOpen, &QTimer::timeout, [&picture] {
