@@ -4,6 +4,7 @@
 #include <QTest>
 #include <Quillform/Quillform.h>
 #include <functional>
+#include <support/MessageUser.h>
 #include <support/Messages.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
@@ -389,6 +390,22 @@ TEST_P(ReentrancyTest, runsTheEventLoopAndRemovesItself)
   };
   click(button(0));
   EXPECT_EQ(dialog->getNumChildren(), 3);
+  expectAlive();
+}
+
+TEST_P(ReentrancyTest, showsAMessageAndRemovesItselfWhenThatIsClosed)
+{
+  open();
+  MessageUser user;
+  doing.action = [this](SoDialogPushButton* pressed) {
+    auto* message = new SoMessageDialog("Really?", "Question", SoMessageDialog::MD_QUESTION);
+    message->ref();
+    message->unref();
+    dialog->removeChild(pressed);
+  };
+  click(button(0));
+  EXPECT_EQ(user.closed, 1);
+  EXPECT_EQ(dialog->getNumChildren(), 2);
   expectAlive();
 }
 

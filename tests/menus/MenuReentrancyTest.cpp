@@ -1,6 +1,7 @@
 #include <Inventor/nodes/SoSeparator.h>
 #include <QPointer>
 #include <menus/Menus.h>
+#include <support/MessageUser.h>
 
 using Menus::barOf;
 using Menus::Texts;
@@ -111,6 +112,43 @@ TEST_P(MenuReentrancyTest, anEntryIsRemovedByItsAuditor)
     heard.then = nullptr;
     pressShortcuts();
   }
+}
+
+TEST_P(MenuReentrancyTest, aMessageIsShownByAnEntrysAuditor)
+{
+  open();
+  MessageUser user;
+  heard.then = [](SoQuillform*) {
+    auto* message = new SoMessageDialog("A text", "Title", SoMessageDialog::MD_WARNING);
+    message->ref();
+    message->unref();
+  };
+  int expected = 0;
+  for (const char* id : {"push", "check", "radio", "deep"}) {
+    choose(id);
+    settle();
+    EXPECT_EQ(user.closed, ++expected) << id;
+    EXPECT_EQ(heard.events.size(), static_cast<std::size_t>(expected)) << id;
+  }
+}
+
+TEST_P(MenuReentrancyTest, anotherFileIsLoadedAndOpenedByAnEntrysAuditor)
+{
+  open();
+  const std::string other = writeFile("other.iv", "TopLevelDialog { DialogLabel { label \"other\" } }");
+  int opened = 0;
+  heard.then = [&opened, &other](SoQuillform*) {
+    auto* loaded = static_cast<SoTopLevelDialog*>(SoQuillform::loadFromFile(other.c_str(), ""));
+    ASSERT_NE(loaded, nullptr);
+    loaded->buildDialog(nullptr, FALSE);
+    loaded->show();
+    ++opened;
+  };
+  for (const char* id : {"push", "check", "radio", "deep"}) {
+    choose(id);
+    settle();
+  }
+  EXPECT_EQ(opened, 4);
 }
 
 TEST_P(MenuReentrancyTest, theMenuIsRemovedByAnEntrysAuditor)
