@@ -1,15 +1,10 @@
 #include <Inventor/SoDB.h>
-#include <Inventor/SoOutput.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
-
-#include <Inventor/actions/SoWriteAction.h>
 #include <Inventor/nodes/SoSeparator.h>
-
 #include <QDir>
 #include <Quillform/Quillform.h>
 #include <fstream>
 #include <random>
-#include <sstream>
 #include <support/Messages.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
@@ -82,20 +77,12 @@ protected:
     EXPECT_TRUE(messages.all().empty()) << join(messages.all());
   }
 
-  std::string toBinary(const std::string& text)
+  static std::string toBinary(const std::string& text)
   {
     SoNode* node = readText(text.substr(text.find('\n')));
-    const std::string path = pathOf("binary.iv");
-    SoOutput output;
-    EXPECT_TRUE(output.openFile(path.c_str()));
-    output.setBinary(TRUE);
-    SoWriteAction action(&output);
-    action.apply(node);
-    output.closeFile();
+    const std::string bytes = ::toBinary(node);
     node->unref();
-    std::stringstream bytes;
-    bytes << std::ifstream(path, std::ios::binary).rdbuf();
-    return bytes.str();
+    return bytes;
   }
 
 private:

@@ -5,13 +5,16 @@
 #include <Inventor/fields/SoField.h>
 #include <Inventor/lists/SoFieldList.h>
 #include <Inventor/lists/SoTypeList.h>
+#include <Inventor/nodes/SoSeparator.h>
 #include <Quillform/Quillform.h>
+#include <Quillform/platform/SoBoundedInput.h>
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
 #include <cstring>
 #include <random>
 #include <string>
+#include <support/TestFiles.h>
 #include <utility>
 #include <vector>
 
@@ -281,6 +284,24 @@ private:
   std::mt19937 m_random;
 };
 
+/// The first node of a file as the bytes of a binary file; empty when it cannot be read.
+std::string asBinary(const std::string& text)
+{
+  if (text.find('=') != std::string::npos) {
+    return {}; // the reader might lose a node, see FuzzTarget.cpp
+  }
+  SoBoundedInput input;
+  input.setBuffer(text.data(), text.size());
+  SoSeparator* root = input.readAll();
+  if (!root || root->getNumChildren() == 0) {
+    return {};
+  }
+  root->ref();
+  const std::string bytes = toBinary(root->getChild(0));
+  root->unref();
+  return bytes;
+}
+
 } // namespace
 
 std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize, unsigned int seed)
@@ -289,6 +310,13 @@ std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::s
   const bool isBinary = text.find('\0') != std::string::npos;
   if (isBinary || seed % 8 == 0) {
     return LLVMFuzzerMutate(data, size, maxSize);
+  }
+  if (seed % 16 == 1) {
+    const std::string binary = asBinary(text);
+    if (!binary.empty() && binary.size() <= maxSize) {
+      std::memcpy(data, binary.data(), binary.size());
+      return LLVMFuzzerMutate(data, binary.size(), maxSize);
+    }
   }
   std::string changed;
   if (text.rfind('#', 0) == 0) {

@@ -101,6 +101,11 @@ std::string toText(SoNode* node)
   return bytes.substr(bytes.find('\n') + 1);
 }
 
+std::string toBinary(SoNode* node)
+{
+  return write(node, TRUE);
+}
+
 SoNode* readText(const std::string& text)
 {
   return read("#Inventor V2.1 ascii\n" + text);
@@ -108,7 +113,7 @@ SoNode* readText(const std::string& text)
 
 SoNode* throughBinary(SoNode* node)
 {
-  return read(write(node, TRUE));
+  return read(toBinary(node));
 }
 
 void settle()

@@ -32,6 +32,9 @@ private:
 /// The node as ASCII text, without the header.
 std::string toText(SoNode* node);
 
+/// The node as the bytes of a binary file.
+std::string toBinary(SoNode* node);
+
 /// The first node in \a text, referenced once, or nullptr. The text has no header.
 SoNode* readText(const std::string& text);
 
