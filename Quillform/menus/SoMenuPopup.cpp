@@ -399,9 +399,8 @@ void SoMenuPopup::show3DChildren(int show)
   }
   m_isOpen = show != 0;
   for (SoMenuItem* item : getItems()) {
-    auto* inner = dynamic_cast<SoMenuPopup*>(item);
-    if (inner && show == 0) {
-      inner->show3DChildren(0);
+    if (show == 0 && item->isOfType(getClassTypeId())) {
+      static_cast<SoMenuPopup*>(item)->show3DChildren(0);
     }
     item->show3D(show);
   }
