@@ -1,54 +1,8 @@
-#include <QApplication>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTest>
-#include <QTimer>
 #include <Quillform/platform/SoThreadName.h>
-#include <optional>
+#include <support/MessageUser.h>
 #include <support/TestFiles.h>
 #include <thread>
-
-namespace {
-
-/// What the user saw of a message box before pressing its button.
-struct Box {
-  QString title;
-  QString text;
-  QMessageBox::Icon icon = QMessageBox::NoIcon;
-  QList<QMessageBox::StandardButton> buttons;
-};
-
-/// Waits for a message box, notes what it shows, and presses its button.
-class User {
-public:
-  User()
-  {
-    m_timer.start(20);
-    QObject::connect(&m_timer, &QTimer::timeout, [this] {
-      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (!box || !box->isVisible()) {
-        return;
-      }
-      Box seen{box->windowTitle(), box->text(), box->icon(), {}};
-      for (QAbstractButton* button : box->buttons()) {
-        seen.buttons.push_back(box->standardButton(button));
-      }
-      boxes.push_back(seen);
-      if (whileOpen) {
-        whileOpen();
-      }
-      QTest::mouseClick(box->buttons().first(), Qt::LeftButton);
-    });
-  }
-
-  std::vector<Box> boxes;
-  std::function<void()> whileOpen;
-
-private:
-  QTimer m_timer;
-};
-
-} // namespace
+#include <utility>
 
 class MessageDialogTest : public QuillformTest {
 protected:
@@ -80,7 +34,7 @@ TEST_F(MessageDialogTest, theTypesHaveTheirNamesAndValues)
 
 TEST_F(MessageDialogTest, oneReadWithoutFieldsShowsAnEmptyTitleAndTheLabel)
 {
-  User user;
+  MessageUser user;
   SoMessageDialog* message = read("MessageDialog { }");
   ASSERT_NE(message, nullptr);
   message->label = "Caf\xe9\\nopens";
@@ -98,7 +52,7 @@ TEST_F(MessageDialogTest, everyKindShowsItsPictureAndOneButton)
                                                      {SoMessageDialog::MD_QUESTION, QMessageBox::Question},
                                                      {SoMessageDialog::MD_WARNING, QMessageBox::Warning}};
   for (const auto& kind : kinds) {
-    User user;
+    MessageUser user;
     auto* message = new SoMessageDialog;
     message->ref();
     message->title = "Title";
@@ -116,7 +70,7 @@ TEST_F(MessageDialogTest, everyKindShowsItsPictureAndOneButton)
 
 TEST_F(MessageDialogTest, theConstructorWithATextReturnsWhenTheBoxIsClosed)
 {
-  User user;
+  MessageUser user;
   auto* message = new SoMessageDialog("It broke.", "Error", SoMessageDialog::MD_ERROR);
   message->ref();
   ASSERT_EQ(user.boxes.size(), 1U);
@@ -129,7 +83,7 @@ TEST_F(MessageDialogTest, theConstructorWithATextReturnsWhenTheBoxIsClosed)
 
 TEST_F(MessageDialogTest, oneAboutWorkShowsNothing)
 {
-  User user;
+  MessageUser user;
   auto* message = new SoMessageDialog("Busy", "Work", SoMessageDialog::MD_WORKING);
   message->ref();
   message->show();
@@ -140,7 +94,7 @@ TEST_F(MessageDialogTest, oneAboutWorkShowsNothing)
 
 TEST_F(MessageDialogTest, markupIsShownAsItIsWritten)
 {
-  User user;
+  MessageUser user;
   auto* message = new SoMessageDialog("<b>5 < 6</b>", "", SoMessageDialog::MD_INFORMATION);
   message->ref();
   ASSERT_EQ(user.boxes.size(), 1U);
@@ -150,7 +104,7 @@ TEST_F(MessageDialogTest, markupIsShownAsItIsWritten)
 
 TEST_F(MessageDialogTest, itMayBeReleasedWhileItIsOpen)
 {
-  User user;
+  MessageUser user;
   auto* message = new SoMessageDialog;
   message->ref();
   message->label = "short-lived";
@@ -163,7 +117,7 @@ TEST_F(MessageDialogTest, itMayBeReleasedWhileItIsOpen)
 
 TEST_F(MessageDialogTest, itIsShownAgain)
 {
-  User user;
+  MessageUser user;
   auto* message = new SoMessageDialog;
   message->ref();
   message->show();

@@ -123,12 +123,12 @@ TEST_P(MenuReentrancyTest, aMessageIsShownByAnEntrysAuditor)
     message->ref();
     message->unref();
   };
-  int expected = 0;
+  std::size_t expected = 0;
   for (const char* id : {"push", "check", "radio", "deep"}) {
     choose(id);
     settle();
-    EXPECT_EQ(user.closed, ++expected) << id;
-    EXPECT_EQ(heard.events.size(), static_cast<std::size_t>(expected)) << id;
+    EXPECT_EQ(user.boxes.size(), ++expected) << id;
+    EXPECT_EQ(heard.events.size(), expected) << id;
   }
 }
 
