@@ -100,7 +100,7 @@ void SoDialogGroup::applyAuditor(SoQuillform* caller)
 void SoDialogGroup::applyOuterAuditor(SoQuillform* caller)
 {
   if (getParent()) {
-    getParent()->applyAuditor(caller);
+    SoAuditorDispatch::handOn(this, caller);
   }
   else if (m_defaultAuditor) {
     SoAuditorDispatch::applyDefaultAuditor(m_defaultAuditor.get(), caller, SoAuditorDispatch::CONTROLS);

@@ -12,23 +12,13 @@ SoDialogCheckBoxLauncher::~SoDialogCheckBoxLauncher() = default;
 
 void SoDialogCheckBoxLauncher::launchedDialogsChanged()
 {
-  openByState();
-}
-
-void SoDialogCheckBoxLauncher::openByState()
-{
-  if (isWidgetBuilt()) {
-    m_launched.showWindows(state.getValue());
-  }
-  if (isBuilt3D() != 0) {
-    m_launched.show3D(state.getValue());
-  }
+  m_launched.open(state.getValue());
 }
 
 void SoDialogCheckBoxLauncher::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& position, int asWidget)
 {
   inherited::buildWidget(parent, size, position, asWidget);
-  openByState();
+  m_launched.open(state.getValue());
 }
 
 void SoDialogCheckBoxLauncher::updateFromSensor(SoSensor* sensor)
@@ -36,14 +26,14 @@ void SoDialogCheckBoxLauncher::updateFromSensor(SoSensor* sensor)
   const bool isState = SoWatchedFields::getFired(sensor) == &state;
   inherited::updateFromSensor(sensor);
   if (isState) {
-    openByState();
+    m_launched.open(state.getValue());
   }
 }
 
 void SoDialogCheckBoxLauncher::eventNotify(unsigned int event, unsigned long data)
 {
   inherited::eventNotify(event, data);
-  openByState();
+  m_launched.open(state.getValue());
 }
 
 void SoDialogCheckBoxLauncher::launchedDialogClosed()

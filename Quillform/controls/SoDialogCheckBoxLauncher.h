@@ -33,9 +33,6 @@ protected:
   ~SoDialogCheckBoxLauncher() override;
 
   void launchedDialogsChanged() override;
-
-private:
-  void openByState();
 };
 
 #endif // QUILLFORM_SODIALOGCHECKBOXLAUNCHER_H

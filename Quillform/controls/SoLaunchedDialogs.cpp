@@ -55,6 +55,16 @@ SoChildElements& SoLaunchedDialogs::getElements()
   return m_elements;
 }
 
+void SoLaunchedDialogs::open(bool opened)
+{
+  if (m_launcher->isWidgetBuilt()) {
+    showWindows(opened);
+  }
+  if (m_launcher->isBuilt3D() != 0) {
+    show3D(opened);
+  }
+}
+
 void SoLaunchedDialogs::buildWindows()
 {
   forEach([](SoTopLevelDialog* dialog) {

@@ -19,6 +19,9 @@ public:
 
   SoChildElements& getElements(); ///< the dialogs
 
+  /// Shows or hides the dialogs in each form in which the launcher is built.
+  void open(bool opened);
+
   /// \name As windows
   /// @{
 

@@ -86,9 +86,7 @@ bool SoMenuBar::isFirstBar() const
 
 void SoMenuBar::applyAuditor(SoQuillform* caller)
 {
-  if (SoQuillform* around = getParent()) {
-    around->applyAuditor(caller);
-  }
+  SoAuditorDispatch::handOn(this, caller);
 }
 
 SoQuillform* SoMenuBar::searchForAuditorId(SbString id)

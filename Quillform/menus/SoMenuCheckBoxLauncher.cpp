@@ -12,21 +12,11 @@ SoMenuCheckBoxLauncher::SoMenuCheckBoxLauncher()
 
 SoMenuCheckBoxLauncher::~SoMenuCheckBoxLauncher() = default;
 
-void SoMenuCheckBoxLauncher::openByState()
-{
-  if (isWidgetBuilt()) {
-    m_launched.showWindows(state.getValue());
-  }
-  if (isBuilt3D() != 0) {
-    m_launched.show3D(state.getValue());
-  }
-}
-
 void SoMenuCheckBoxLauncher::menuEvent(void* action, int id)
 {
   const SoEventScope scope(this, SoEventScope::getAction());
   inherited::menuEvent(action, id);
-  openByState();
+  m_launched.open(state.getValue());
 }
 
 void SoMenuCheckBoxLauncher::updateFromSensor(SoSensor* sensor)
@@ -34,7 +24,7 @@ void SoMenuCheckBoxLauncher::updateFromSensor(SoSensor* sensor)
   const bool isState = SoWatchedFields::getFired(sensor) == &state;
   inherited::updateFromSensor(sensor);
   if (isState) {
-    openByState();
+    m_launched.open(state.getValue());
   }
 }
 

@@ -30,9 +30,6 @@ public:
 
 protected:
   ~SoMenuCheckBoxLauncher() override;
-
-private:
-  void openByState();
 };
 
 #endif // QUILLFORM_SOMENUCHECKBOXLAUNCHER_H

@@ -6,6 +6,7 @@
 #include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoTransform.h>
 #include <QMenuBar>
+#include <Quillform/auditors/SoAuditorDispatch.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoRebuildScope.h>
 #include <Quillform/core/SoText.h>
@@ -92,9 +93,7 @@ QMenu* SoMenuPopup::getMenu() const
 
 void SoMenuPopup::applyAuditor(SoQuillform* caller)
 {
-  if (SoQuillform* around = getParent()) {
-    around->applyAuditor(caller);
-  }
+  SoAuditorDispatch::handOn(this, caller);
 }
 
 // Building
