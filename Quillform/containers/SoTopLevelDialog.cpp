@@ -497,7 +497,8 @@ void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
 
   if (asWidget != 0) {
     // When most rows change, one repaint of everything costs less than a region for every widget that moves.
-    const bool isDrawnAnew = m_base->updatesEnabled() && SoBoxModel::countOutdated(getComponents(), m_base) > fewRows;
+    const bool isDrawnAnew =
+      m_base->isVisible() && m_base->updatesEnabled() && SoBoxModel::countOutdated(getComponents(), m_base) > fewRows;
     if (isDrawnAnew) {
       m_base->setUpdatesEnabled(false);
     }

@@ -11,7 +11,7 @@ SoDialogChoice::SoDialogChoice() : SoDialogChoice(PartsLater())
   SO_KIT_INIT_INSTANCE();
 }
 
-SoDialogChoice::SoDialogChoice(PartsLater later) : inherited(later)
+SoDialogChoice::SoDialogChoice(const PartsLater& later) : inherited(later)
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogChoice);
 

@@ -80,7 +80,7 @@ public:
   /// @}
 
 protected:
-  explicit SoDialogChoice(PartsLater later); ///< see PartsLater
+  explicit SoDialogChoice(const PartsLater& later); ///< see PartsLater
   ~SoDialogChoice() override;
 
   /// Copies what is not in fields too.

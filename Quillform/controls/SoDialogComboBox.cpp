@@ -142,7 +142,7 @@ void SoDialogComboBox::updateComboBoxWidget()
 
 QRect SoDialogComboBox::getSideLabelRect(int frameHeight) const
 {
-  const int textHeight = getLabelPixelSize(label.getValue(), this)[1];
+  const int textHeight = measureLabel()[1];
   return {3, (frameHeight - 6 - textHeight) / 2 + 3, getLabelSize()[0], textHeight};
 }
 

@@ -27,7 +27,7 @@ SoDialogLabel::~SoDialogLabel() = default;
 SbVec2i32 SoDialogLabel::getComponentInitSize()
 {
   if (m_initSize[0] == -1) {
-    m_textSize = getLabelPixelSize(label.getValue(), nullptr);
+    m_textSize = measureLabel();
     m_initSize.setValue(m_textSize[0] + 4 - getLabelSize()[0], m_textSize[1]);
   }
   return m_initSize;
@@ -83,7 +83,7 @@ void SoDialogLabel::createLabelWidget()
 
 QRect SoDialogLabel::getTextRect(const SbVec2i32& frame) const
 {
-  const int textHeight = getLabelPixelSize(label.getValue(), this)[1];
+  const int textHeight = measureLabel()[1];
   return {3, (frame[1] - 6 - textHeight) / 2 + 3, frame[0] - 6, textHeight};
 }
 

@@ -12,6 +12,13 @@ public:
   using QPushButton::QPushButton;
 
 protected:
+  bool event(QEvent* event) override
+  {
+    // Before it is shown first, a button asks for a place. Its relay gives it one; the requests of many buttons would
+    // only wait for each other.
+    return event->type() == QEvent::PolishRequest ? QAbstractButton::event(event) : QPushButton::event(event);
+  }
+
   void keyPressEvent(QKeyEvent* event) override
   {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

@@ -70,7 +70,7 @@ SoDialogRadioButtons::~SoDialogRadioButtons() = default;
 
 SbVec2i32 SoDialogRadioButtons::getComponentInitSize()
 {
-  SbVec2i32 titleSize = labelVisibility.getValue() ? getLabelPixelSize(label.getValue(), this) : SbVec2i32(0, 0);
+  SbVec2i32 titleSize = labelVisibility.getValue() ? measureLabel() : SbVec2i32(0, 0);
   fixItemsNumber();
   m_entriesSize.setValue(0, 0);
   for (int i = 0; i < getNumItems(); i++) {
@@ -295,7 +295,7 @@ bool SoDialogRadioButtons::hasTitle() const
 QRect SoDialogRadioButtons::getSideLabelRect(int /*frameHeight*/) const
 {
   // The title stands above the group's plate.
-  const int textHeight = getLabelPixelSize(label.getValue(), this)[1];
+  const int textHeight = measureLabel()[1];
   return {3, 3, get3DSize()[0] - 6, textHeight};
 }
 

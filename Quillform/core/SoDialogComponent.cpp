@@ -25,7 +25,7 @@ SoDialogComponent::SoDialogComponent() : SoDialogComponent(PartsLater())
   SO_KIT_INIT_INSTANCE();
 }
 
-SoDialogComponent::SoDialogComponent(PartsLater later)
+SoDialogComponent::SoDialogComponent(const PartsLater& later)
     : inherited(later), m_sizes(m_watched, {&width, &height, &minWidth, &minHeight, &maxWidth, &maxHeight})
 {
   SO_QUILLFORM_CONSTRUCTOR(SoDialogComponent);

@@ -229,7 +229,10 @@ public:
   void getBoundingBox(SoGetBoundingBoxAction* action) override; ///< the extent of the 3D form
 
 protected:
-  explicit SoDialogComponent(PartsLater later); ///< see PartsLater
+  explicit SoDialogComponent(const PartsLater& later); ///< see PartsLater
+
+  /// Width and height in pixels of the label's text, measured once for as long as the text and the font stay.
+  const SbVec2i32& measureLabel() const;
   ~SoDialogComponent() override;
 
   /// Copies what is not in fields too.
@@ -325,7 +328,6 @@ private:
     SbVec2i32 componentSize{0, 0};
     SoSizingFields::Values sizes{};
   };
-  const SbVec2i32& measureLabel() const;
   SbVec2i32 chooseSize(const SbVec2i32& wanted);
   void create3DIfNeeded();
   void takeFrameSize();

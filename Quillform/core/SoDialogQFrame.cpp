@@ -14,19 +14,21 @@
 namespace {
 
 /// Relays hold things together and lines keep them apart; to screen readers both would be borders.
-QAccessibleInterface* createAccessible(const QString& /*className*/, QObject* object)
+QAccessibleInterface* createAccessible(const QString& className, QObject* object)
 {
-  auto* frame = qobject_cast<QFrame*>(object);
-  if (qobject_cast<SoDialogQFrame*>(frame)) {
-    return new QAccessibleWidget(frame, QAccessible::Grouping);
+  // Asked for every widget and all its base classes, most of which are Qt's: the name tells sooner than a cast.
+  if (!className.startsWith('Q')) {
+    auto* relay = qobject_cast<SoDialogQFrame*>(object);
+    return relay ? new QAccessibleWidget(relay, QAccessible::Grouping) : nullptr;
   }
+  auto* frame = className == QLatin1String("QFrame") ? qobject_cast<QFrame*>(object) : nullptr;
   const bool isLine = frame && (frame->frameShape() == QFrame::HLine || frame->frameShape() == QFrame::VLine);
   return isLine ? new QAccessibleWidget(frame, QAccessible::Separator) : nullptr;
 }
 
 QString withoutMnemonic(const QString& text)
 {
-  return SoText::toQt(SoText::withoutMnemonic(SoText::fromQt(text)));
+  return text.contains('&') ? SoText::toQt(SoText::withoutMnemonic(SoText::fromQt(text))) : text;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include <Quillform/core/SoQuillform.h>
 
+#include <Inventor/SoDB.h>
 #include <Inventor/SoFullPath.h>
 #include <Inventor/SoPickedPoint.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
@@ -27,7 +28,8 @@
 #include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoLive3DElements.h>
 #include <algorithm>
-#include <map>
+#include <array>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -42,10 +44,15 @@ SoQuillform* s_lastActive = nullptr;
 const SbBox3f emptyLabelBox(-1.0F, -1.0F, -1.0F, -1.0F, -1.0F, -1.0F);
 
 /// Made on first use: a static font would exist before the application object.
-QFont& font()
+struct Font {
+  QFont current = QFont("Microsoft Sans Serif", 8);
+  QFont withFamilies; // made of it when a widget is first given it
+};
+
+Font& font()
 {
-  static QFont current("Microsoft Sans Serif", 8);
-  return current;
+  static Font font;
+  return font;
 }
 
 /// The parts of an element that hold its own geometry together. A file can name them like any field, but a node in the
@@ -58,15 +65,15 @@ public:
   }
 
   /// Whether the element has been read without a change to these; else a message is posted.
-  bool areUntouched(SoInput* in) const
+  bool areUntouched(SoInput* in)
   {
     const SoNodekitCatalog* catalog = m_element->getNodekitCatalog();
-    for (const auto& [field, node] : getNodes()) {
-      const auto before = m_before.find(field);
-      if (node == (before != m_before.end() ? before->second : nullptr)) {
+    for (const Holder& holder : getNodes()) {
+      m_holders.push_back(holder.field);
+      if (holder.node == getNodeBefore(holder.field)) {
         continue;
       }
-      const SbName& name = m_fields->getFieldName(field);
+      const SbName& name = m_fields->getFieldName(holder.field);
       const int part = catalog->getPartNumber(name);
       if (part > 0 && !(catalog->isPublic(part) && catalog->isLeaf(part))) {
         SoReadError::post(in, "\"%s\" of %s cannot be set", name.getString(),
@@ -77,36 +84,69 @@ public:
     return true;
   }
 
-private:
-  /// What the fields that hold nodes have been given, by their numbers.
-  std::map<int, const SoNode*> getNodes() const
+  /// The numbers of the fields that hold nodes, once it is known that all are well.
+  const std::vector<int>& getHolders() const
   {
-    std::map<int, const SoNode*> nodes;
+    return m_holders;
+  }
+
+private:
+  /// A field, by its number, and the node that it holds.
+  struct Holder {
+    int field;
+    const SoNode* node;
+  };
+
+  /// Those that have been given one.
+  std::vector<Holder> getNodes() const
+  {
+    constexpr std::size_t usualCount = 8; // a kit makes few parts before it is drawn
+    std::vector<Holder> holders;
+    holders.reserve(usualCount);
     for (int i = 0; i < m_fields->getNumFields(); i++) {
       const SoField* field = m_fields->getField(m_element, i);
       if (!field->isDefault() && field->isOfType(SoSFNode::getClassTypeId())) {
-        nodes[i] = static_cast<const SoSFNode*>(field)->getValue();
+        holders.push_back({i, static_cast<const SoSFNode*>(field)->getValue()});
       }
     }
-    return nodes;
+    return holders;
+  }
+
+  const SoNode* getNodeBefore(int field) const
+  {
+    const auto found =
+      std::find_if(m_before.cbegin(), m_before.cend(), [field](const Holder& holder) { return holder.field == field; });
+    return found != m_before.cend() ? found->node : nullptr;
   }
 
   const SoQuillform* m_element;
   const SoFieldData* m_fields;
-  std::map<int, const SoNode*> m_before;
+  std::vector<Holder> m_before;
+  std::vector<int> m_holders;
 };
 
 } // namespace
+
+SoQuillform::PartsLater::PartsLater()
+{
+  SoDB::startNotify();
+}
+
+SoQuillform::PartsLater::~PartsLater()
+{
+  SoDB::endNotify();
+}
 
 SoQuillform::SoQuillform() : SoQuillform(PartsLater())
 {
   SO_KIT_INIT_INSTANCE();
 }
 
-SoQuillform::SoQuillform(PartsLater /*later*/)
+SoQuillform::SoQuillform(const PartsLater& /*later*/)
     : m_watched(fieldChangedCB, this), m_parentTranslation(0.0F, 0.0F, 0.0F), m_labelBox(emptyLabelBox)
 {
   ++s_instanceCount;
+  inherited::setUpConnections(FALSE, TRUE); // create3DQuillform() makes them
   SO_QUILLFORM_CONSTRUCTOR(SoQuillform);
 
   SO_QUILLFORM_ADD_FIELD(enable, (TRUE));
@@ -239,7 +279,7 @@ SoQuillform* SoQuillform::getFirstTopParent(int ignoreTraversal, int returnSelfI
 
 void SoQuillform::setFont(QFont font_)
 {
-  font() = font_;
+  font() = {font_, QFont()};
   ++s_fontGeneration;
 }
 
@@ -248,10 +288,13 @@ void SoQuillform::setWidgetFont(QWidget* widget)
   if (!widget) {
     return;
   }
-  QFont wanted = font();
+  QFont& wanted = font().withFamilies;
   if (wanted.families().isEmpty()) {
-    wanted.setFamilies(
-      {wanted.family()}); // a font that was handed down has this list, and is equal only to one with it
+    wanted = font().current;
+    if (wanted.families().isEmpty()) {
+      wanted.setFamilies(
+        {wanted.family()}); // a font that was handed down has this list, and is equal only to one with it
+    }
   }
   // What an ancestor handed down costs nothing; setting it again makes some widgets build all that they may ever need.
   if (widget->font() != wanted.resolve(widget->font())) {
@@ -266,7 +309,7 @@ int SoQuillform::getFontGeneration()
 
 QFont SoQuillform::getQuillformFont()
 {
-  return font();
+  return font().current;
 }
 
 SbBool SoQuillform::existWidget(QWidget* widget)
@@ -363,6 +406,7 @@ void SoQuillform::create3DQuillform()
   if (m_pickStyle) {
     return;
   }
+  setUpConnections(TRUE);
   auto* geometry = makePart<SoSwitch>("geomSwitch");
   geometry->whichChild = m_shown3D != 0 ? SO_SWITCH_ALL : SO_SWITCH_NONE;
   m_pickStyle = new SoPickStyle;
@@ -611,6 +655,21 @@ SoGetMatrixAction* SoQuillform::getMatrixAction()
   return m_matrixAction.get();
 }
 
+SoField* SoQuillform::getField(const SbName& name) const
+{
+  // Every new kit asks for all its parts. A field has the same number in derived classes, so that the number found last
+  // is nearly always the right one; equal names are at the same address.
+  static std::array<int, 512> lastNumbers = {};
+  int& number = lastNumbers[std::hash<const char*>()(name.getString()) / alignof(void*) % lastNumbers.size()];
+  const SoFieldData* fields = getFieldData();
+  if (number >= fields->getNumFields() || fields->getFieldName(number) != name) {
+    SoField* field = inherited::getField(name);
+    number = field ? fields->getIndex(this, field) : 0;
+    return field;
+  }
+  return fields->getField(this, number);
+}
+
 void SoQuillform::notify(SoNotList* list)
 {
   const SoNotRec* last = list->getLastRec();
@@ -725,10 +784,12 @@ void SoQuillform::fillFromSkin(const char* partName, SoGroup* skinPart)
 bool SoQuillform::isAuthorPart(int partNumber) const
 {
   const SoNodekitCatalog* catalog = getNodekitCatalog();
-  const SbName name = catalog->getName(partNumber);
+  if (!catalog->isPublic(partNumber) || !catalog->isLeaf(partNumber)) {
+    return false;
+  }
+  const SbName& name = catalog->getName(partNumber);
   const auto* field = static_cast<const SoSFNode*>(getField(name));
-  return catalog->isPublic(partNumber) && catalog->isLeaf(partNumber) && field && field->getValue() &&
-         m_skinParts.count(name.getString()) == 0;
+  return field && field->getValue() && m_skinParts.count(name.getString()) == 0;
 }
 
 void SoQuillform::setDefaultOnNonWritingFields()
@@ -828,12 +889,12 @@ SbBool SoQuillform::readInstance(SoInput* in, unsigned short flags)
 {
   SoChildElements* children = getChildElements();
   const SbBool wasNotifying = enableNotify(FALSE);
-  const InnerParts innerParts(this, getFieldData());
+  InnerParts innerParts(this, getFieldData());
   if (!children) {
     // A kit's own reading makes the parts that every kit has a second time.
     const SbBool isRead = SoFieldContainer::readInstance(in, flags) && innerParts.areUntouched(in);
     if (isRead) {
-      adoptReadParts();
+      adoptReadParts(innerParts.getHolders());
     }
     enableNotify(wasNotifying);
     return isRead;
@@ -843,7 +904,7 @@ SbBool SoQuillform::readInstance(SoInput* in, unsigned short flags)
   SbBool isRead =
     SoFieldContainer::readInstance(in, static_cast<unsigned short>(flags | IS_GROUP)) && innerParts.areUntouched(in);
   if (isRead) {
-    adoptReadParts();
+    adoptReadParts(innerParts.getHolders());
     if (!in->isBinary() || (flags & IS_GROUP) != 0) {
       isRead = children->readChildren(in);
     }
@@ -853,21 +914,18 @@ SbBool SoQuillform::readInstance(SoInput* in, unsigned short flags)
   return isRead;
 }
 
-void SoQuillform::adoptReadParts()
+void SoQuillform::adoptReadParts(const std::vector<int>& holders)
 {
   const SoNodekitCatalog* catalog = getNodekitCatalog();
   const SoFieldData* fields = getFieldData();
   std::vector<std::pair<int, SoNode*>> read;
-  for (int i = 0; i < fields->getNumFields(); i++) {
-    SoField* field = fields->getField(this, i);
-    if (field->isDefault()) {
-      continue; // most are, and names take long to compare
-    }
+  for (const int i : holders) {
+    auto* field = static_cast<SoSFNode*>(fields->getField(this, i));
     const int part = catalog->getPartNumber(fields->getFieldName(i));
     if (part == SO_CATALOG_NAME_NOT_FOUND || part == 0) {
       continue;
     }
-    if (!static_cast<SoSFNode*>(field)->getValue()) {
+    if (!field->getValue()) {
       field->setIgnored(FALSE); // an empty part that is ignored could be written to a binary file, but not be read
     }
     if (!isAuthorPart(part)) {
@@ -875,10 +933,9 @@ void SoQuillform::adoptReadParts()
     }
     // The field was read like any other; the node must also take its place in the kit. There each stands beside those
     // that the other fields name, so none may name a node that has no place yet.
-    auto* holder = static_cast<SoSFNode*>(field);
-    read.emplace_back(part, holder->getValue());
+    read.emplace_back(part, field->getValue());
     read.back().second->ref();
-    holder->setValue(nullptr);
+    field->setValue(nullptr);
   }
   for (const auto& [part, node] : read) {
     setAnyPart(catalog->getName(part), node);

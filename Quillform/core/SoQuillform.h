@@ -19,6 +19,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
 class QBoxLayout;
 class SoAuditor;
@@ -342,6 +343,7 @@ public:
   SbBool isLive3D() const;
   /// @}
 
+  SoField* getField(const SbName& name) const override;   ///< the field or part \a name; nullptr when there is none
   void handleEvent(SoHandleEventAction* action) override; ///< gives the element events in the scene
   void notify(SoNotList* list) override;                  ///< hears of changed fields and parts
   void grabEventsSetup() override;                        ///< keeps the node while it holds the pointer
@@ -359,9 +361,16 @@ protected:
   static constexpr float launchedHeight = 40.0F;
 
   /// Chooses the constructor of a base class that leaves the list of the kit's parts to the derived class, which makes
-  /// it anew in any case.
-  struct PartsLater {};
-  explicit SoQuillform(PartsLater later); ///< see PartsLater
+  /// it anew in any case. While the base classes are made, no sensor is called: the kit connects its first part again
+  /// with each class otherwise, before there is anything to be drawn.
+  class PartsLater {
+  public:
+    PartsLater();
+    ~PartsLater();
+    PartsLater(const PartsLater&) = delete;
+    PartsLater& operator=(const PartsLater&) = delete;
+  };
+  explicit SoQuillform(const PartsLater& later); ///< see PartsLater
 
   ~SoQuillform() override;
 
@@ -428,7 +437,7 @@ private:
   void apply3DUsability(bool usable, int pickStyle);
   void showFade(bool shown);
   bool isAuthorPart(int partNumber) const;
-  void adoptReadParts();
+  void adoptReadParts(const std::vector<int>& holders);
   int countWrittenChildren(SoWriteAction* action) const; // along a path up to the one on it, else all
   void writeChildren(SoWriteAction* action);
 

@@ -23,16 +23,15 @@ struct MeasuredTexts {
   static constexpr std::size_t maxCount = 8192; // far above any dialog's number of different texts
   int fontGeneration = -1;                      // none
   std::unordered_map<std::string, SbVec2i32> sizes;
+
+  MeasuredTexts()
+  {
+    sizes.reserve(maxCount);
+  }
 };
 
 SbVec2i32 measure(const SbString& displayed, bool singleLine)
 {
-  if (!qApp) {
-    SoDebugError::post("SoQuillform::getLabelPixelSize", "%s",
-                       "No text can be measured without an application object. Create a QApplication, or call "
-                       "SoQt::init, before building a dialog.");
-    return {0, 0};
-  }
   const QFontMetrics metrics(SoQuillform::getQuillformFont());
   const QString text = SoText::toQt(displayed);
   const QStringList lines = singleLine ? QStringList(text) : text.split('\n');
@@ -86,6 +85,12 @@ SbVec2i32 SoQuillform::getLabelPixelSize(const SbString& text, const SoQuillform
   if (text.getLength() == 0) {
     return {0, 0};
   }
+  if (!qApp) {
+    SoDebugError::post("SoQuillform::getLabelPixelSize", "%s",
+                       "No text can be measured without an application object. Create a QApplication, or call "
+                       "SoQt::init, before building a dialog.");
+    return {0, 0};
+  }
   static MeasuredTexts measured;
   if (measured.fontGeneration != getFontGeneration() || measured.sizes.size() > MeasuredTexts::maxCount) {
     measured.sizes.clear();
@@ -96,15 +101,11 @@ SbVec2i32 SoQuillform::getLabelPixelSize(const SbString& text, const SoQuillform
   static std::string key; // kept, so that asking takes no memory
   key.assign(1, singleLine ? (raw ? '2' : '1') : raw ? 'r' : 'n');
   key.append(text.getString(), static_cast<std::size_t>(text.getLength()));
-  const auto known = measured.sizes.find(key);
-  if (known != measured.sizes.end()) {
-    return known->second;
+  const auto [known, isNew] = measured.sizes.try_emplace(key);
+  if (isNew) {
+    known->second = measure(convertToCString(text, node), singleLine);
   }
-  const SbVec2i32 size = measure(convertToCString(text, node), singleLine);
-  if (qApp) {
-    measured.sizes.emplace(key, size);
-  }
-  return size;
+  return known->second;
 }
 
 void SoQuillform::setStringToText3(SoText3* text3, const SbString& text)

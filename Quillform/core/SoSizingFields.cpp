@@ -7,8 +7,8 @@ void SoSizingFields::captureOnce()
   if (m_captured) {
     return;
   }
-  for (const SoSFInt32* field : m_fields) {
-    captureOne(field);
+  for (std::size_t i = 0; i < COUNT; i++) {
+    m_authored[i] = {m_fields[i]->getValue(), m_fields[i]->isDefault()};
   }
   m_captured = true;
 }

@@ -10,7 +10,7 @@ SoTopComponent::SoTopComponent() : SoTopComponent(PartsLater())
   SO_KIT_INIT_INSTANCE();
 }
 
-SoTopComponent::SoTopComponent(PartsLater later) : inherited(later)
+SoTopComponent::SoTopComponent(const PartsLater& later) : inherited(later)
 {
   SO_QUILLFORM_CONSTRUCTOR(SoTopComponent);
 }

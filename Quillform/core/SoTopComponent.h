@@ -30,7 +30,7 @@ public:
   void addTranslation(SoTranslation* translation);
 
 protected:
-  explicit SoTopComponent(PartsLater later); ///< see PartsLater
+  explicit SoTopComponent(const PartsLater& later); ///< see PartsLater
   ~SoTopComponent() override;
 };
 

@@ -2,6 +2,7 @@
 
 #include <Inventor/sensors/SoOneShotSensor.h>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -44,6 +45,9 @@ void SoWatchedFields::watch(const SoField& field)
 
 void SoWatchedFields::fieldChanged(const SoField* field)
 {
+  if (field == m_touched) {
+    return;
+  }
   m_hasChanges = true;
   const std::size_t index = find(*field);
   if (index == none || m_entries[index].pauses > 0) {
@@ -89,15 +93,16 @@ void SoWatchedFields::forgetChanges()
 
 void SoWatchedFields::touchQuietly(SoField& field)
 {
-  const Pause pause(*this, field);
+  const SoField* outer = std::exchange(m_touched, &field);
   const SbBool wasDefault = field.isDefault();
   SoFieldContainer* element = field.getContainer();
   const SbBool wasNotifying = element->enableNotify(FALSE);
-  const bool hadChanges = m_hasChanges;
   field.touch();
-  m_hasChanges = hadChanges;
   element->enableNotify(wasNotifying);
-  field.setDefault(wasDefault);
+  if (field.isDefault() != wasDefault) {
+    field.setDefault(wasDefault);
+  }
+  m_touched = outer;
 }
 
 const SoField* SoWatchedFields::getFired(SoSensor* sensor)

@@ -66,6 +66,7 @@ private:
   static void runCallbacks(void* data, SoSensor* sensor);
 
   bool m_hasChanges = false;
+  const SoField* m_touched = nullptr; // by touchQuietly() right now
   SoSensorCB* m_callback;
   void* m_data;
   std::vector<Entry> m_entries;

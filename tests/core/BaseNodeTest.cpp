@@ -65,13 +65,22 @@ public:
   {
     return static_cast<SoSwitch*>(geomSwitchNode())->getChild(child);
   }
+  template <class Node>
+  Node* getNode(const char* part) const
+  {
+    return static_cast<Node*>(static_cast<const SoSFNode*>(getField(part))->getValue());
+  }
   SoSwitch* geomSwitchNode() const
   {
-    return static_cast<SoSwitch*>(static_cast<const SoSFNode*>(getField("geomSwitch"))->getValue());
+    return getNode<SoSwitch>("geomSwitch");
   }
   SoSeparator* geomSeparatorNode() const
   {
-    return static_cast<SoSeparator*>(static_cast<const SoSFNode*>(getField("geomSeparator"))->getValue());
+    return getNode<SoSeparator>("geomSeparator");
+  }
+  SoSeparator* topSeparatorNode() const
+  {
+    return getNode<SoSeparator>("topSeparator");
   }
   int getPickStyle() const
   {
@@ -469,6 +478,56 @@ TEST_F(BaseNodeTest, twoBuildsIn3DMakeTheSupportNodesOnce)
   node->setBuilt3D(0);
   node->build(0);
   EXPECT_EQ(node->geomSwitchNode()->getNumChildren(), children);
+}
+
+TEST_F(BaseNodeTest, theCachingOfItsGeometryFollowsTheKitsFieldsOnceItIsBuilt)
+{
+  node->renderCaching = SoInteractionKit::OFF;
+  node->build(0);
+  EXPECT_EQ(node->topSeparatorNode()->renderCaching.getValue(), SoSeparator::OFF);
+  EXPECT_EQ(node->topSeparatorNode()->pickCulling.getValue(), SoSeparator::AUTO);
+  node->renderCaching = SoInteractionKit::ON;
+  node->pickCulling = SoInteractionKit::OFF;
+  EXPECT_EQ(node->topSeparatorNode()->renderCaching.getValue(), SoSeparator::ON);
+  EXPECT_EQ(node->topSeparatorNode()->pickCulling.getValue(), SoSeparator::OFF);
+}
+
+TEST_F(BaseNodeTest, makingAnElementDelaysNoSensorOfTheApplication)
+{
+  SoSFInt32 watched;
+  int fired = 0;
+  SoFieldSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &fired);
+  sensor.setPriority(0);
+  sensor.attach(&watched);
+  SoDialogPushButton* made = new SoDialogPushButton;
+  made->ref();
+  watched = 1;
+  EXPECT_EQ(fired, 1);
+  made->unref();
+}
+
+TEST_F(BaseNodeTest, findsFieldsAndPartsByTheirNames)
+{
+  auto* button = new SoDialogPushButton;
+  auto* label = new SoDialogLabel;
+  button->ref();
+  label->ref();
+  for (int pass = 0; pass < 2; pass++) {
+    EXPECT_EQ(button->getField("buttonLabel"), &button->buttonLabel);
+    EXPECT_EQ(label->getField("buttonLabel"), nullptr);
+    EXPECT_EQ(label->getField("label"), &label->label);
+    EXPECT_EQ(button->getField("label"), &button->label);
+    EXPECT_EQ(button->getField("no field"), nullptr);
+  }
+  // The same name is another number in each class.
+  for (SoQuillform* element : {static_cast<SoQuillform*>(button), static_cast<SoQuillform*>(label)}) {
+    SbName name;
+    ASSERT_NE(element->getField("labelProp"), nullptr);
+    EXPECT_TRUE(element->getFieldName(element->getField("labelProp"), name));
+    EXPECT_STREQ(name.getString(), "labelProp");
+  }
+  button->unref();
+  label->unref();
 }
 
 TEST_F(BaseNodeTest, pickStyleAndMaterialFollowEnable)
