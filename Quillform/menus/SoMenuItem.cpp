@@ -412,7 +412,12 @@ SbVec3f SoMenuItem::getLaunchPlaceBeside3D() const
 {
   constexpr float gap = 8.0F;
   const float right = static_cast<float>(m_itemSize[0]) * 0.5F + gap;
-  return get3DParentTranslation() + SbVec3f(right, static_cast<float>(itemHeight) * 0.5F, launchedHeight);
+  SbVec3f place = get3DParentTranslation() + SbVec3f(right, static_cast<float>(itemHeight) * 0.5F, launchedHeight);
+  if (const SoMenuBar* bar = getMenuBar()) {
+    // An open menu lies in front of everything, the dialog included, which must not move with it then.
+    place[2] = bar->get3DParentTranslation()[2] + launchedHeight;
+  }
+  return place;
 }
 
 void SoMenuItem::closeMenus3D()

@@ -168,6 +168,26 @@ TEST_F(MenuLauncherTest, anEntryInTheSceneShowsAndHidesItsDialogs)
   }
 }
 
+TEST_F(MenuLauncherTest, aDialogKeepsItsPlaceInTheSceneAndTheMenuOpensInFrontOfIt)
+{
+  for (const char* type : {"MenuPushButtonLauncher", "MenuCheckBoxLauncher"}) {
+    openScene(launching(type));
+    auto* launcher = item<SoMenuItem>("launcher");
+    chooseInScene({item<SoMenuPopup>("menu")}, launcher);
+    const SbVec3f place = launched("first")->get3DParentTranslation();
+    for (int round = 0; round < 3; round++) {
+      clickTitle(item<SoMenuPopup>("menu"));
+      EXPECT_EQ(launched("first")->get3DParentTranslation(), place) << type;
+      SoGetBoundingBoxAction measure(SbViewportRegion(Scene::width, Scene::height));
+      measure.apply(launched("first"));
+      EXPECT_GT(Menus::boxOf(dialog, launcher).getMin()[2], measure.getBoundingBox().getMax()[2]) << type;
+      clickTitle(item<SoMenuPopup>("menu"));
+    }
+    dialog->destroyWidget();
+    release();
+  }
+}
+
 TEST_F(MenuLauncherTest, nothingOfALaunchedDialogIsDrawnBeforeItIsOpen)
 {
   openScene("TopLevelDialog { width 200 height 120 MenuBar { MenuPopup { auditorID \"menu\" label \"Menu\" "
