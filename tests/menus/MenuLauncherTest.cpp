@@ -1,4 +1,5 @@
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
+#include <Inventor/nodes/SoSeparator.h>
 #include <QPushButton>
 #include <menus/Menus.h>
 
@@ -183,7 +184,7 @@ TEST_F(MenuLauncherTest, aDialogKeepsItsPlaceInTheSceneAndTheMenuOpensInFrontOfI
       EXPECT_GT(Menus::boxOf(dialog, launcher).getMin()[2], measure.getBoundingBox().getMax()[2]) << type;
       clickTitle(item<SoMenuPopup>("menu"));
     }
-    dialog->destroyWidget();
+    scene.root()->removeChild(dialog);
     release();
   }
 }
