@@ -113,7 +113,8 @@ SbVec2i32 SoTabDialog::getComponentInitSize()
     return m_initSize;
   }
   // The margin is a lower bound, not added: this is meant.
-  SbVec2i32 natural(2 * margin.getValue(), 2 * margin.getValue());
+  const int margins = SoBoxModel::clampPixels(2LL * margin.getValue());
+  SbVec2i32 natural(margins, margins);
   setChildrenLabelSize();
   for (SoTopComponent* page : getComponents()) {
     const SbVec2i32 size = static_cast<SoDialogComponent*>(page)->getComponentInitSize();

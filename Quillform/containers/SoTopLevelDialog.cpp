@@ -5,7 +5,6 @@
 #include <Inventor/SoPickedPoint.h>
 #include <Inventor/actions/SoHandleEventAction.h>
 #include <Inventor/errors/SoDebugError.h>
-#include <Inventor/events/SoKeyboardEvent.h>
 #include <Inventor/events/SoMouseButtonEvent.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
@@ -924,17 +923,11 @@ void SoTopLevelDialog::restore3DDialog()
 
 void SoTopLevelDialog::handleEvent(SoHandleEventAction* action)
 {
-  const bool isPress = SO_MOUSE_PRESS_EVENT(action->getEvent(), BUTTON1) != 0;
-  const bool isEscape = SO_KEY_PRESS_EVENT(action->getEvent(), ESCAPE) != 0;
-  if ((isPress || isEscape) && isMenuOpen3D()) {
+  if (SO_MOUSE_PRESS_EVENT(action->getEvent(), BUTTON1) && isMenuOpen3D()) {
     // A press on anything else closes the menu, also on what has no use for the press itself.
-    const SoPickedPoint* point = isPress ? action->getPickedPoint() : nullptr;
+    const SoPickedPoint* point = action->getPickedPoint();
     if (!point || !point->getPath()->containsNode(widgetHasMenuBar())) {
       set3DCurrentActive(nullptr);
-    }
-    if (isEscape) {
-      action->setHandled();
-      return;
     }
   }
   inherited::handleEvent(action);

@@ -11,9 +11,8 @@
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoVertexProperty.h>
-#include <QRect>
-#include <Quillform/core/SoDialogComponent.h>
 #include <Quillform/core/SoEventScope.h>
+#include <Quillform/core/SoQuillform.h>
 #include <Quillform/core/SoReadingOrder.h>
 #include <Quillform/platform/SoShiftTabFilter.h>
 #include <algorithm>
@@ -24,12 +23,12 @@ constexpr float outlineHeight = 3.0F; // over the element's plane
 
 /// One user has one keyboard.
 struct Keyboard {
-  SoQuillform* root = nullptr;          // the dialog that was pressed last
-  SoDialogComponent* element = nullptr; // in it, the one that has the keyboard
-  SoSwitch* outlined = nullptr;         // the element's geometry while it holds the outline
-  SoSeparator* outline = nullptr;       // made on first use, kept
-  int heldKey = SoKeyboardEvent::ANY;   // went down and was used, did not go up yet
-  bool wasTaken = false;                // during the event that is on its way
+  SoQuillform* root = nullptr;        // the dialog that was pressed last
+  SoQuillform* element = nullptr;     // in it, the one that has the keyboard
+  SoSwitch* outlined = nullptr;       // the element's geometry while it holds the outline
+  SoSeparator* outline = nullptr;     // made on first use, kept
+  int heldKey = SoKeyboardEvent::ANY; // went down and was used, did not go up yet
+  bool wasTaken = false;              // during the event that is on its way
 };
 Keyboard s_keyboard;
 
@@ -68,12 +67,11 @@ void createOutline()
 
 void placeOutline()
 {
-  const SbVec2i32& size = s_keyboard.element->get3DSize();
-  const QRect rect = s_keyboard.element->getKeyboardRect3D();
-  const float left = static_cast<float>(rect.x()) - static_cast<float>(size[0]) * 0.5F;
-  const float top = static_cast<float>(size[1]) * 0.5F - static_cast<float>(rect.y());
-  const float right = left + static_cast<float>(rect.width());
-  const float bottom = top - static_cast<float>(rect.height());
+  float left = 0.0F;
+  float bottom = 0.0F;
+  float right = 0.0F;
+  float top = 0.0F;
+  s_keyboard.element->getKeyboardBox3D().getBounds(left, bottom, right, top);
   const SbVec3f corners[] = {SbVec3f(left, top, outlineHeight), SbVec3f(right, top, outlineHeight),
                              SbVec3f(right, bottom, outlineHeight), SbVec3f(left, bottom, outlineHeight),
                              SbVec3f(left, top, outlineHeight)};
@@ -110,13 +108,12 @@ void leave()
 
 bool isUsable(const SoQuillform* element)
 {
-  return element->isOfType(SoDialogComponent::getClassTypeId()) &&
-         static_cast<const SoDialogComponent*>(element)->takesKeys3D();
+  return element->takesKeys3D();
 }
 
 } // namespace
 
-SoDialogComponent* So3DKeyboard::getElement()
+SoQuillform* So3DKeyboard::getElement()
 {
   return s_keyboard.element;
 }
@@ -130,7 +127,7 @@ void So3DKeyboard::take(SoQuillform* element)
   }
   dropElement();
   s_keyboard.root = SoReadingOrder::getRoot(element);
-  s_keyboard.element = isUsable(element) ? static_cast<SoDialogComponent*>(element) : nullptr;
+  s_keyboard.element = isUsable(element) ? element : nullptr;
 }
 
 void So3DKeyboard::release(const SoQuillform* element)
@@ -146,7 +143,7 @@ void So3DKeyboard::release(const SoQuillform* element)
   }
 }
 
-void So3DKeyboard::updateOutline(const SoDialogComponent* element)
+void So3DKeyboard::updateOutline(const SoQuillform* element)
 {
   if (s_keyboard.outlined && s_keyboard.element == element) {
     placeOutline();
@@ -198,7 +195,7 @@ bool So3DKeyboard::pressKey(SoHandleEventAction* action)
   if (key == SoKeyboardEvent::TAB) {
     return moveBy(event->wasShiftDown() ? -1 : 1, action);
   }
-  SoDialogComponent* element = s_keyboard.element;
+  SoQuillform* element = s_keyboard.element;
   if (!element || !isUsable(element)) {
     return false;
   }
@@ -236,7 +233,7 @@ bool So3DKeyboard::moveBy(int step, SoHandleEventAction* action)
   // The auditors of the element that was active until now may have done anything.
   if (SoReadingOrder::getRoot(*next) == s_keyboard.root && isUsable(*next)) {
     dropElement();
-    s_keyboard.element = static_cast<SoDialogComponent*>(*next);
+    s_keyboard.element = *next;
     showOutline();
   }
   return true;

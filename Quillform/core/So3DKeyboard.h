@@ -3,7 +3,6 @@
 
 #include <Quillform/Export.h>
 
-class SoDialogComponent;
 class SoHandleEventAction;
 class SoKeyboardEvent;
 class SoQuillform;
@@ -27,13 +26,13 @@ public:
   static void release(const SoQuillform* element);
 
   /// The element that has the keyboard; nullptr when none has it.
-  static SoDialogComponent* getElement();
+  static SoQuillform* getElement();
 
   /// TRUE when the outline shows which element has the keyboard: the user is working with keys.
   static bool isOutlined();
 
   /// Draws the outline again, where it stands now, if \a element has it.
-  static void updateOutline(const SoDialogComponent* element);
+  static void updateOutline(const SoQuillform* element);
 
   /// \name What keys mean
   /// @{

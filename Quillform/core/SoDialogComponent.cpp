@@ -691,16 +691,6 @@ void SoDialogComponent::update3DDialogComponent()
   So3DKeyboard::updateOutline(this);
 }
 
-SbBool SoDialogComponent::takesKeys3D() const
-{
-  return usesKeys3D() && isLive3D() && isShown3D() && enable.getValue() && isEnabledByParents();
-}
-
-bool SoDialogComponent::usesKeys3D() const
-{
-  return false;
-}
-
 SbBool SoDialogComponent::pressKey3D(const SoKeyboardEvent* event)
 {
   return So3DKeyboard::isPress(event) && pressWithKey3D();
@@ -716,9 +706,12 @@ QRect SoDialogComponent::getKeyboardRect3D() const
   return QRect(0, 0, m_size3D[0], m_size3D[1]).adjusted(1, 1, -1, -1);
 }
 
-SoSwitch* SoDialogComponent::getGeometrySwitch() const
+SbBox2f SoDialogComponent::getKeyboardBox3D() const
 {
-  return static_cast<SoSwitch*>(geomSwitch.getValue());
+  const QRect rect = getKeyboardRect3D();
+  const float left = static_cast<float>(rect.x()) - static_cast<float>(m_size3D[0]) * 0.5F;
+  const float top = static_cast<float>(m_size3D[1]) * 0.5F - static_cast<float>(rect.y());
+  return {left, top - static_cast<float>(rect.height()), left + static_cast<float>(rect.width()), top};
 }
 
 void SoDialogComponent::update3DSideLabel()

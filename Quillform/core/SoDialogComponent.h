@@ -212,18 +212,15 @@ public:
   /// See So3DKeyboard.
   /// @{
 
-  /// TRUE for an element that the user can operate with keys now.
-  SbBool takesKeys3D() const;
-
   /// Does what a key that went down means to the element. TRUE when it means something. In this class the keys that
   /// press a button press the element.
-  virtual SbBool pressKey3D(const SoKeyboardEvent* event);
+  SbBool pressKey3D(const SoKeyboardEvent* event) override;
 
-  /// What is outlined while the element has the keyboard, from the component's top-left corner.
+  /// What is outlined while the element has the keyboard: getKeyboardRect3D(), from the component's centre.
+  SbBox2f getKeyboardBox3D() const override;
+
+  /// The same in pixels, from the component's top-left corner; y points down.
   virtual QRect getKeyboardRect3D() const;
-
-  /// What holds the element's geometry; nullptr before the 3D form is made.
-  SoSwitch* getGeometrySwitch() const;
   /// @}
 
   void getBoundingBox(SoGetBoundingBoxAction* action) override; ///< the extent of the 3D form
@@ -298,9 +295,6 @@ protected:
 
   /// get3DComponentSize for a component of the size \a frame. The two forms may have different sizes at a time.
   void getControlRect3D(const SbVec2i32& frame, SbVec2i32& size, SbVec2i32& position) const;
-
-  /// TRUE for a class of elements that has a use for keys.
-  virtual bool usesKeys3D() const;
 
   /// The user presses the element with a key. FALSE when it cannot be pressed.
   virtual SbBool pressWithKey3D();

@@ -680,6 +680,33 @@ void SoQuillform::notify(SoNotList* list)
   inherited::notify(list);
 }
 
+// Keys in the scene
+
+SbBool SoQuillform::takesKeys3D() const
+{
+  return usesKeys3D() && isLive3D() && isShown3D() && enable.getValue() && isEnabledByParents();
+}
+
+bool SoQuillform::usesKeys3D() const
+{
+  return false;
+}
+
+SbBool SoQuillform::pressKey3D(const SoKeyboardEvent* /*event*/)
+{
+  return FALSE;
+}
+
+SbBox2f SoQuillform::getKeyboardBox3D() const
+{
+  return {};
+}
+
+SoSwitch* SoQuillform::getGeometrySwitch() const
+{
+  return static_cast<SoSwitch*>(geomSwitch.getValue());
+}
+
 // Events in the scene
 
 void SoQuillform::handleEvent(SoHandleEventAction* action)

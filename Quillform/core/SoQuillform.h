@@ -1,6 +1,7 @@
 #ifndef QUILLFORM_SOQUILLFORM_H
 #define QUILLFORM_SOQUILLFORM_H
 
+#include <Inventor/SbBox2f.h>
 #include <Inventor/SbBox3f.h>
 #include <Inventor/SbPList.h>
 #include <Inventor/SbString.h>
@@ -27,6 +28,7 @@ class SoChildElements;
 class SoGetBoundingBoxAction;
 class SoGetMatrixAction;
 class SoGroup;
+class SoKeyboardEvent;
 class SoMaterial;
 class SoPickStyle;
 class SoSearchAction;
@@ -343,6 +345,23 @@ public:
   SbBool isLive3D() const;
   /// @}
 
+  /// \name Keyboard in the scene
+  /// See So3DKeyboard.
+  /// @{
+
+  /// TRUE for an element that the user can operate with keys now.
+  SbBool takesKeys3D() const;
+
+  /// Does what a key that went down means to the element. TRUE when it means something. Nothing does in this class.
+  virtual SbBool pressKey3D(const SoKeyboardEvent* event);
+
+  /// What is outlined while the element has the keyboard, from the element's origin. Empty in this class.
+  virtual SbBox2f getKeyboardBox3D() const;
+
+  /// What holds the element's geometry; nullptr before the 3D form is made.
+  SoSwitch* getGeometrySwitch() const;
+  /// @}
+
   SoField* getField(const SbName& name) const override;   ///< the field or part \a name; nullptr when there is none
   void handleEvent(SoHandleEventAction* action) override; ///< gives the element events in the scene
   void notify(SoNotList* list) override;                  ///< hears of changed fields and parts
@@ -425,6 +444,9 @@ protected:
 
   /// TRUE while the ancestors let the element be operated.
   SbBool isEnabledByParents() const;
+
+  /// TRUE for an element that has a use for keys in the scene.
+  virtual bool usesKeys3D() const;
 
   SoWatchedFields m_watched;   ///< the fields that have reactions
   SbVec3f m_parentTranslation; ///< see set3DParentTranslation

@@ -6,6 +6,7 @@
 #include <Inventor/nodes/SoTransform.h>
 #include <QBoxLayout>
 #include <Quillform/auditors/SoAuditorDispatch.h>
+#include <Quillform/core/So3DKeyboard.h>
 #include <Quillform/core/So3DPlacement.h>
 #include <Quillform/core/SoDialogComponent.h>
 #include <Quillform/core/SoRebuildScope.h>
@@ -248,6 +249,7 @@ void SoMenuBar::update3DBar()
   So3DPlacement::place(m_frameTransform, rect, m_size3D, 0.0F);
   update3DChildrenSize();
   change3DPosition();
+  updateKeyboard3D();
 }
 
 void SoMenuBar::update3DChildrenSize()
@@ -277,6 +279,7 @@ void SoMenuBar::update3DChildren()
   }
   enableMenus3D();
   change3DPosition();
+  updateKeyboard3D();
 }
 
 void SoMenuBar::change3DPosition()
@@ -340,4 +343,45 @@ void SoMenuBar::press3D()
 void SoMenuBar::release3D()
 {
   set3DInactive();
+}
+
+// Keys in the scene
+
+bool SoMenuBar::usesKeys3D() const
+{
+  return m_keys.getTitle() != nullptr;
+}
+
+void SoMenuBar::takeKeyboard3D()
+{
+  So3DKeyboard::take(this);
+  m_keys.pointerUsed();
+}
+
+void SoMenuBar::updateKeyboard3D()
+{
+  if (usesKeys3D()) {
+    So3DKeyboard::updateOutline(this);
+  }
+  else {
+    So3DKeyboard::release(this);
+  }
+}
+
+SbBool SoMenuBar::pressKey3D(const SoKeyboardEvent* event)
+{
+  return m_keys.press(event);
+}
+
+SbBox2f SoMenuBar::getKeyboardBox3D() const
+{
+  const SoMenuPopup* title = m_keys.getTitle();
+  if (!title) {
+    return inherited::getKeyboardBox3D();
+  }
+  constexpr float inset = 1.0F;
+  const SbVec3f centre = title->get3DParentTranslation() - get3DParentTranslation();
+  const SbVec2f half(static_cast<float>(title->getItemSize()[0]) * 0.5F - inset,
+                     static_cast<float>(SoMenuItem::itemHeight) * 0.5F - inset);
+  return {centre[0] - half[0], centre[1] - half[1], centre[0] + half[0], centre[1] + half[1]};
 }

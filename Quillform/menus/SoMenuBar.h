@@ -5,6 +5,7 @@
 #include <Quillform/core/SoChildOperations.h>
 #include <Quillform/core/SoSkinFile.h>
 #include <Quillform/core/SoTopComponent.h>
+#include <Quillform/menus/So3DMenuKeys.h>
 #include <Quillform/menus/SoMenuPopup.h>
 
 /// The menu bar of a dialog: a row of pop-up menus along its upper edge.
@@ -22,6 +23,12 @@
 /// among its children. The bar is made anew whenever the dialog is built.
 ///
 /// It adds no fields to those of SoTopComponent.
+///
+/// In the scene Tab goes to the bar as to other elements. The left and right arrows go to the other titles, and Space,
+/// Return and the up and down arrows open the menu. In an open menu the up and down arrows go to the entries that can
+/// be chosen, the right arrow opens the menu inside or the next one of the bar, the left arrow closes the menu inside
+/// or opens the one before, Space and Return choose, and Escape closes the innermost menu. Keys work in the same way in
+/// a menu that was opened with the pointer; once it is closed they are the application's again.
 ///
 /// Catalog, below `geomSwitch`:
 /// \code
@@ -79,6 +86,14 @@ public:
   void change3DEnable() override;
   void change3DWidgetEnable(int enable) override;
   void update3DAfterSkinChange() override;
+
+  /// The user has pressed one of the menus, which gets his keys.
+  void takeKeyboard3D();
+
+  /// A title has come, gone or changed.
+  void updateKeyboard3D();
+  SbBool pressKey3D(const SoKeyboardEvent* event) override;
+  SbBox2f getKeyboardBox3D() const override;
   /// @}
 
 protected:
@@ -87,6 +102,7 @@ protected:
   SoChildElements& elements() override; ///< the list of children
   void press3D() override;
   void release3D() override;
+  bool usesKeys3D() const override;
 
 private:
   bool isFirstBar() const;
@@ -98,6 +114,7 @@ private:
   QPointer<QMenuBar> m_bar;                // owned by the dialog's window
   bool m_isBeingBuilt = true;              // until the first build has ended
   SbVec2i32 m_size3D{0, 0};                // in the scene
+  So3DMenuKeys m_keys{this};               // likewise
   SoTransform* m_frameTransform = nullptr; // below frameSep, which owns it
 };
 

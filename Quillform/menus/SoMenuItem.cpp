@@ -7,6 +7,7 @@
 #include <Inventor/nodes/SoTransform.h>
 #include <QMenu>
 #include <Quillform/core/So3DPlacement.h>
+#include <Quillform/core/SoEventScope.h>
 #include <Quillform/core/SoText.h>
 #include <Quillform/menus/SoMenuBar.h>
 #include <Quillform/menus/SoMenuPopup.h>
@@ -232,6 +233,9 @@ void SoMenuItem::destroyWidget()
     m_relay->takeOut();
   }
   m_parentMenu = nullptr;
+  if (SoMenuPopup* menu = getMenuAround()) {
+    menu->unmark3D(this); // it may leave the menu
+  }
   inherited::destroyWidget();
 }
 
@@ -377,7 +381,7 @@ void SoMenuItem::updateMenu3D()
   if (auto* bar = dynamic_cast<SoMenuBar*>(getParent())) {
     bar->update3DBar();
   }
-  else if (auto* menu = dynamic_cast<SoMenuPopup*>(getParent())) {
+  else if (SoMenuPopup* menu = getMenuAround()) {
     menu->update3DChildrenSize();
     menu->change3DPosition();
   }
@@ -412,7 +416,12 @@ SbVec3f SoMenuItem::getLaunchPlaceBeside3D() const
 {
   constexpr float gap = 8.0F;
   const float right = static_cast<float>(m_itemSize[0]) * 0.5F + gap;
-  return get3DParentTranslation() + SbVec3f(right, static_cast<float>(itemHeight) * 0.5F, launchedHeight);
+  SbVec3f place = get3DParentTranslation() + SbVec3f(right, static_cast<float>(itemHeight) * 0.5F, launchedHeight);
+  if (const SoMenuBar* bar = getMenuBar()) {
+    // An open menu lies in front of everything, the dialog included, which must not move with it then.
+    place[2] = bar->get3DParentTranslation()[2] + launchedHeight;
+  }
+  return place;
 }
 
 void SoMenuItem::closeMenus3D()
@@ -424,6 +433,44 @@ void SoMenuItem::closeMenus3D()
   if (outermost) {
     outermost->set3DInactive();
   }
+}
+
+SoMenuPopup* SoMenuItem::getMenuAround() const
+{
+  return dynamic_cast<SoMenuPopup*>(getParent());
+}
+
+void SoMenuItem::change3DEnable()
+{
+  inherited::change3DEnable();
+  if (SoMenuPopup* menu = getMenuAround()) {
+    menu->verifyMark3D();
+  }
+}
+
+// Keys in the scene
+
+int SoMenuItem::getNumLines3D() const
+{
+  return 1;
+}
+
+int SoMenuItem::getNumUsableLines3D() const
+{
+  return enable.getValue() && isEnabledByParents() ? getNumLines3D() : 0;
+}
+
+void SoMenuItem::setMarked3D(int line, bool marked)
+{
+  setHeld3D(line, marked);
+}
+
+void SoMenuItem::choose3DLine(int line)
+{
+  const SoEventScope scope(this, SoEventScope::getAction());
+  m_pressedLine = line;
+  draggerStartCallback3D();
+  finishPress3D(true);
 }
 
 // The pointer in the scene
@@ -445,6 +492,12 @@ int SoMenuItem::getPressedLine3D() const
 
 void SoMenuItem::press3D()
 {
+  if (SoMenuBar* bar = getMenuBar()) {
+    bar->takeKeyboard3D();
+  }
+  if (SoMenuPopup* menu = getMenuAround()) {
+    menu->mark3D(nullptr, 0); // one line at a time is highlighted
+  }
   m_pressedLine = getLineUnderPointer3D();
   if (m_pressedLine >= 0) {
     draggerStartCallback3D();
@@ -460,11 +513,16 @@ void SoMenuItem::drag3D()
 
 void SoMenuItem::release3D()
 {
+  finishPress3D(getLineUnderPointer3D() == m_pressedLine);
+}
+
+void SoMenuItem::finishPress3D(bool isOverLine)
+{
   // An entry that was taken out, or whose menu was closed, while it was held down is not there to be chosen.
   if (m_pressedLine < 0) {
     return;
   }
-  if (getParent() && getLineUnderPointer3D() == m_pressedLine) {
+  if (getParent() && isOverLine) {
     draggerFinishCallback3D();
   }
   else {

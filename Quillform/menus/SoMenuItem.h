@@ -9,6 +9,7 @@
 
 class QMenu;
 class SoMenuBar;
+class SoMenuPopup;
 class SoMenuQItem;
 
 /// Base of everything that stands in a pop-up menu, pop-up menus included. Its text is the `label`, with "&" before
@@ -120,7 +121,17 @@ public:
   virtual void draggerFinishCallback3D(); ///< it was released where it was pressed: its menus close
   void show3D(int show) override;
   void change3DLabel() override;
+  void change3DEnable() override;
   void update3DAfterSkinChange() override;
+
+  /// How many lines of the item the user can choose now.
+  int getNumUsableLines3D() const;
+
+  /// Shows or hides that the keyboard is at line \a line.
+  virtual void setMarked3D(int line, bool marked);
+
+  /// Chooses line \a line, as a press and a release there do.
+  void choose3DLine(int line);
   /// @}
 
 protected:
@@ -136,6 +147,8 @@ protected:
 
   /// The place of a dialog that an entry launches: beside its menu, so that it does not cover what was pressed.
   SbVec3f getLaunchPlaceBeside3D() const;
+
+  SoMenuPopup* getMenuAround() const; ///< nullptr for an item that stands in no menu
 
   QMenu* getParentMenu() const; ///< given to buildMenu; nullptr for an item of a bar and after Qt destroyed it
 
@@ -181,6 +194,7 @@ protected:
   /// Closes the menus in which the item stands.
   void closeMenus3D();
 
+  virtual int getNumLines3D() const;           ///< the lines that can be chosen while the item is enabled
   virtual int getLineUnderPointer3D();         ///< -1 when the pointer is elsewhere
   virtual void setHeld3D(int line, bool held); ///< shows that a line is held down
   int getPressedLine3D() const;                ///< the line that is held down; -1 when none is
@@ -191,6 +205,8 @@ protected:
   So3DMenuLine m_line; ///< the item's text in the scene
 
 private:
+  void finishPress3D(bool isOverLine);
+
   QPointer<SoMenuQItem> m_relay;           // see setRelay
   SbString m_refusedShortcut;              // see getShortcut
   QPointer<QWidget> m_parentMenu;          // the QMenu or QMenuBar around the item

@@ -325,6 +325,7 @@ void SoMenuPopup::update3DChildrenSize()
       item->update3DItem();
     }
   }
+  verifyMark3D();
 }
 
 void SoMenuPopup::update3DChildren()
@@ -397,15 +398,21 @@ void SoMenuPopup::show3DChildren(int show)
     m_lift = getFront3D() - get3DParentTranslation()[2] + menuGap; // while nothing of the menu is shown
   }
   m_isOpen = show != 0;
+  mark3D(nullptr, 0);
   for (SoMenuItem* item : getItems()) {
     if (show == 0 && item->isOfType(getClassTypeId())) {
       static_cast<SoMenuPopup*>(item)->show3DChildren(0);
     }
     item->show3D(show);
   }
-  makePart<SoSwitch>("frameSwitch")->whichChild = m_isOpen ? 1 : 0;
+  showTitleLook();
   panel->whichChild = m_isOpen && getNumChildren() > 0 ? SO_SWITCH_ALL : SO_SWITCH_NONE;
   update3DPopup();
+}
+
+void SoMenuPopup::showTitleLook()
+{
+  makePart<SoSwitch>("frameSwitch")->whichChild = m_isOpen || m_isMarked ? 1 : 0;
 }
 
 void SoMenuPopup::show3D(int show)
@@ -435,6 +442,10 @@ void SoMenuPopup::enableItems3D()
   }
   for (SoMenuItem* item : getItems()) {
     item->change3DWidgetEnable(isUsable ? 1 : 0);
+  }
+  verifyMark3D();
+  if (isInBar()) {
+    static_cast<SoMenuBar*>(getParent())->updateKeyboard3D();
   }
 }
 
@@ -466,15 +477,26 @@ void SoMenuPopup::release3D() {}
 void SoMenuPopup::draggerStartCallback3D()
 {
   if (m_isOpen) {
-    if (isInBar()) {
-      set3DInactive();
-    }
-    else {
-      show3DChildren(0);
-    }
-    return;
+    close3D();
   }
-  auto* around = dynamic_cast<SoMenuPopup*>(getParent());
+  else {
+    open3D();
+  }
+}
+
+void SoMenuPopup::close3D()
+{
+  if (isInBar()) {
+    set3DInactive();
+  }
+  else {
+    show3DChildren(0);
+  }
+}
+
+void SoMenuPopup::open3D()
+{
+  SoMenuPopup* around = getMenuAround();
   if (!around) {
     set3DCurrentActive(this);
   }
@@ -487,4 +509,76 @@ void SoMenuPopup::draggerStartCallback3D()
   }
   show3DChildren(1);
   change3DPosition();
+}
+
+// Keys in the scene
+
+std::vector<SoMenuPopup::Stop> SoMenuPopup::getStops3D() const
+{
+  std::vector<Stop> stops;
+  for (SoMenuItem* item : getItems()) {
+    for (int line = 0; line < item->getNumUsableLines3D(); line++) {
+      stops.emplace_back(item, line);
+    }
+  }
+  return stops;
+}
+
+void SoMenuPopup::mark3D(SoMenuItem* item, int line)
+{
+  const Stop before = std::exchange(m_mark, {item, line});
+  if (before.first) {
+    before.first->setMarked3D(before.second, false);
+  }
+  if (item) {
+    item->setMarked3D(line, true);
+  }
+}
+
+void SoMenuPopup::moveMark3D(int step)
+{
+  const std::vector<Stop> stops = getStops3D();
+  if (stops.empty()) {
+    return;
+  }
+  const auto marked = std::find(stops.begin(), stops.end(), m_mark);
+  const int count = static_cast<int>(stops.size());
+  int next = step < 0 ? count - 1 : 0;
+  if (marked != stops.end()) {
+    next = (static_cast<int>(marked - stops.begin()) + step + count) % count;
+  }
+  mark3D(stops[static_cast<std::size_t>(next)].first, stops[static_cast<std::size_t>(next)].second);
+}
+
+SoMenuItem* SoMenuPopup::getMarkedItem3D() const
+{
+  const std::vector<Stop> stops = getStops3D();
+  return std::find(stops.begin(), stops.end(), m_mark) != stops.end() ? m_mark.first : nullptr;
+}
+
+int SoMenuPopup::getMarkedLine3D() const
+{
+  return m_mark.second;
+}
+
+void SoMenuPopup::unmark3D(const SoMenuItem* item)
+{
+  if (m_mark.first == item) {
+    mark3D(nullptr, 0);
+  }
+}
+
+void SoMenuPopup::verifyMark3D()
+{
+  if (m_mark.first && !getMarkedItem3D()) {
+    mark3D(nullptr, 0);
+  }
+}
+
+void SoMenuPopup::setMarked3D(int /*line*/, bool marked)
+{
+  m_isMarked = marked;
+  if (isBuilt3D() != 0) {
+    showTitleLook();
+  }
 }

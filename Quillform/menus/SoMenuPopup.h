@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <Quillform/core/SoChildOperations.h>
 #include <Quillform/menus/SoMenuItem.h>
+#include <utility>
 #include <vector>
 
 /// A menu: below its title in a menu bar, or beside its line in the menu around it.
@@ -21,7 +22,7 @@
 /// disappears at once.
 ///
 /// In the scene a press on the title opens and closes the menu, in front of everything else of the dialog. Choosing an
-/// item closes it, and so do a press on anything else and the Escape key.
+/// item closes it, and so does a press on anything else. SoMenuBar says what keys do.
 ///
 /// It adds no fields to those of SoMenuItem.
 ///
@@ -81,6 +82,12 @@ public:
 
   /// Opens the menu or closes it, with all menus inside it.
   void show3DChildren(int show);
+
+  /// Opens the menu as a press on its title does: other menus close.
+  void open3D();
+
+  /// Closes the menu as a press on its title does.
+  void close3D();
   void show3D(int show) override;
   SbBool shows3D(const SoQuillform* child) const override;
   void set3DParentTranslation(SbVec3f& translation) override;
@@ -91,6 +98,19 @@ public:
   void update3DItem() override;
   void draggerStartCallback3D() override;
   Columns getColumns3D() const override;
+
+  /// Puts the highlight of the keyboard on a line of an item of the menu, or nowhere when \a item is nullptr.
+  void mark3D(SoMenuItem* item, int line);
+
+  /// Puts it on the usable line that is \a step lines further down, around the ends of the menu; without a highlight,
+  /// on the first one or, for a negative \a step, on the last one.
+  void moveMark3D(int step);
+
+  void unmark3D(const SoMenuItem* item); ///< takes it away from an item
+  SoMenuItem* getMarkedItem3D() const;   ///< nullptr when no usable line has the highlight
+  int getMarkedLine3D() const;           ///< in the marked item
+  void verifyMark3D();                   ///< takes it away from what cannot be chosen any more
+  void setMarked3D(int line, bool marked) override;
   /// @}
 
 protected:
@@ -105,7 +125,12 @@ protected:
   void release3D() override;
 
 private:
+  /// A line that can be chosen.
+  typedef std::pair<SoMenuItem*, int> Stop;
+
   bool isInBar() const;
+  std::vector<Stop> getStops3D() const;
+  void showTitleLook();
   std::vector<SoMenuItem*> getItems() const;
   void buildItems();
   void removeMenu();
@@ -120,6 +145,8 @@ private:
   std::vector<SoMenuItem*> m_builtItems; // what stands in the QMenu, in order; for comparisons only
 
   bool m_isOpen = false;                   // in the scene
+  bool m_isMarked = false;                 // the keyboard is at the menu's line in the menu around it
+  Stop m_mark{nullptr, 0};                 // the line with the keyboard's highlight
   float m_lift = 0.0F;                     // of the open menu over the title's plane
   QSize m_menuSize;                        // of the open menu with its frame
   std::vector<QPoint> m_itemCorners;       // of the items, from the top-left corner of the open menu

@@ -340,6 +340,11 @@ So3DMenuLine::Plates SoMenuRadioButtons::getPlates() const
   return {}; // each row has its own
 }
 
+int SoMenuRadioButtons::getNumLines3D() const
+{
+  return items.getNum();
+}
+
 int SoMenuRadioButtons::getLineUnderPointer3D()
 {
   if (inherited::getLineUnderPointer3D() < 0) {

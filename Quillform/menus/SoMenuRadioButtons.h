@@ -90,6 +90,7 @@ protected:
   So3DMenuLine::Plates getPlates() const override;
   SbString getShownText() const override;
   void updateLines3D() override;
+  int getNumLines3D() const override;
   int getLineUnderPointer3D() override;
   void setHeld3D(int line, bool held) override;
 

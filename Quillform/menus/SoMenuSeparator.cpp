@@ -69,7 +69,12 @@ So3DMenuLine::Plates SoMenuSeparator::getPlates() const
   return {}; // the line lies on the item's own
 }
 
+int SoMenuSeparator::getNumLines3D() const
+{
+  return 0; // there is nothing to choose
+}
+
 int SoMenuSeparator::getLineUnderPointer3D()
 {
-  return -1; // there is nothing to choose
+  return -1;
 }

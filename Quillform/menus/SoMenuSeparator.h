@@ -44,6 +44,7 @@ protected:
 
   So3DMenuLine::Plates getPlates() const override;
   SbString getShownText() const override;
+  int getNumLines3D() const override;
   int getLineUnderPointer3D() override;
 
 private:

@@ -59,8 +59,7 @@ protected:
     if (character != '\0') {
       event.setPrintableCharacter(character);
     }
-    scene.action().setEvent(&event);
-    scene.action().apply(scene.root());
+    scene.send(event);
   }
   /// Down and up; the number of events that went on to the application.
   int key(SoKeyboardEvent::Key key, bool shift = false, bool ctrl = false, char character = '\0')
@@ -81,14 +80,14 @@ protected:
 
   std::string current() const
   {
-    const SoDialogComponent* element = So3DKeyboard::getElement();
+    const SoQuillform* element = So3DKeyboard::getElement();
     return element ? element->auditorID.getValue().getString() : "";
   }
 
   /// The box of the outline, in the coordinates of the element that has it; empty when there is none.
   SbBox3f outline()
   {
-    const SoDialogComponent* element = So3DKeyboard::getElement();
+    const SoQuillform* element = So3DKeyboard::getElement();
     const SbBool wasSearching = SoBaseKit::isSearchingChildren();
     SoBaseKit::setSearchingChildren(TRUE);
     SoSearchAction search;

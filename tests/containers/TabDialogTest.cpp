@@ -17,6 +17,7 @@
 #include <array>
 #include <forms/Plan.h>
 #include <functional>
+#include <limits>
 #include <support/Choices.h>
 #include <support/Messages.h>
 #include <support/Scene.h>
@@ -410,6 +411,22 @@ TEST_F(TabDialogTest, theMarginIsALowerBoundOfTheInitialSize)
   tabs->addChild(newPage("B")); // measures anew
   EXPECT_EQ(initSizeOf(tabs), SbVec2i32(610, 633));
   tabs->unref();
+}
+
+TEST_F(TabDialogTest, anAbsurdMarginDoesNotOverflow)
+{
+  for (const int margin : {std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+    auto* tabs = new SoTabDialog;
+    tabs->ref();
+    tabs->addChild(new SoRowDialog);
+    tabs->margin = margin;
+    const SbVec2i32 size = tabs->getComponentInitSize();
+    for (int side = 0; side < 2; side++) {
+      EXPECT_GE(size[side], 0) << margin;
+      EXPECT_LT(size[side], 2 * SoTopLevelDialog::largestWindow) << margin;
+    }
+    tabs->unref();
+  }
 }
 
 TEST_F(TabDialogTest, theDefaultSizeIsThatOfTheLargestPageWithTheMarginAround)

@@ -1,4 +1,5 @@
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
+#include <Inventor/nodes/SoSeparator.h>
 #include <QPushButton>
 #include <menus/Menus.h>
 
@@ -165,6 +166,26 @@ TEST_F(MenuLauncherTest, anEntryInTheSceneShowsAndHidesItsDialogs)
     scene.click(lineOf(scene, item<SoMenuItem>("launcher")));
     EXPECT_EQ(launched("first")->isShown3D() != FALSE, round % 2 == 0);
     EXPECT_EQ(launched("second")->isShown3D() != FALSE, round % 2 == 0);
+  }
+}
+
+TEST_F(MenuLauncherTest, aDialogKeepsItsPlaceInTheSceneAndTheMenuOpensInFrontOfIt)
+{
+  for (const char* type : {"MenuPushButtonLauncher", "MenuCheckBoxLauncher"}) {
+    openScene(launching(type));
+    auto* launcher = item<SoMenuItem>("launcher");
+    chooseInScene({item<SoMenuPopup>("menu")}, launcher);
+    const SbVec3f place = launched("first")->get3DParentTranslation();
+    for (int round = 0; round < 3; round++) {
+      clickTitle(item<SoMenuPopup>("menu"));
+      EXPECT_EQ(launched("first")->get3DParentTranslation(), place) << type;
+      SoGetBoundingBoxAction measure(SbViewportRegion(Scene::width, Scene::height));
+      measure.apply(launched("first"));
+      EXPECT_GT(Menus::boxOf(dialog, launcher).getMin()[2], measure.getBoundingBox().getMax()[2]) << type;
+      clickTitle(item<SoMenuPopup>("menu"));
+    }
+    scene.root()->removeChild(dialog);
+    release();
   }
 }
 

@@ -1,7 +1,6 @@
 #include <Inventor/SoPickedPoint.h>
 #include <Inventor/actions/SoCallbackAction.h>
 #include <Inventor/actions/SoRayPickAction.h>
-#include <Inventor/events/SoKeyboardEvent.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <menus/Menus.h>
 
@@ -283,25 +282,6 @@ TEST_F(MenuSceneTest, aPressElsewhereClosesTheMenus)
   const SbVec3f label = item<SoDialogComponent>("label")->get3DParentTranslation();
   close(scene.pixel(label[0] + 115, label[1]), "a label");
   EXPECT_EQ(heard.events, Texts{"button last"});
-}
-
-TEST_F(MenuSceneTest, escapeClosesTheMenusAndIsTheApplicationsOtherwise)
-{
-  open();
-  const auto pressEscape = [this] {
-    SoKeyboardEvent event;
-    event.setKey(SoKeyboardEvent::ESCAPE);
-    event.setState(SoButtonEvent::DOWN);
-    scene.action().setEvent(&event);
-    scene.action().apply(scene.root());
-    return scene.action().isHandled() != FALSE;
-  };
-  EXPECT_FALSE(pressEscape());
-  clickTitle(file);
-  clickTitle(recent);
-  EXPECT_TRUE(pressEscape());
-  EXPECT_FALSE(file->isOpen3D() || recent->isOpen3D());
-  EXPECT_FALSE(pressEscape());
 }
 
 TEST_F(MenuSceneTest, whatIsOfNoUseInAMenuLetsNoPressThrough)

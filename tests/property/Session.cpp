@@ -677,8 +677,9 @@ void Session::useScene()
 void Session::typeInScene()
 {
   static const std::vector<SoKeyboardEvent::Key> keys = {
-    SoKeyboardEvent::RETURN, SoKeyboardEvent::BACKSPACE,  SoKeyboardEvent::ESCAPE,    SoKeyboardEvent::TAB,
-    SoKeyboardEvent::PAD_7,  SoKeyboardEvent::PAD_PERIOD, SoKeyboardEvent::LEFT_ARROW};
+    SoKeyboardEvent::RETURN,   SoKeyboardEvent::BACKSPACE,  SoKeyboardEvent::ESCAPE,     SoKeyboardEvent::TAB,
+    SoKeyboardEvent::PAD_7,    SoKeyboardEvent::PAD_PERIOD, SoKeyboardEvent::LEFT_ARROW, SoKeyboardEvent::RIGHT_ARROW,
+    SoKeyboardEvent::UP_ARROW, SoKeyboardEvent::DOWN_ARROW, SoKeyboardEvent::SPACE};
   static const std::vector<char> characters = {'a', 'W', '1', '5', '.', '-', ' ', '\xe9', '"'};
   for (int i = m_random.between(1, 6); i > 0; i--) {
     SoKeyboardEvent event;

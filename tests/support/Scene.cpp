@@ -72,8 +72,7 @@ void Scene::button(const SbVec2s& at, bool down)
   event.setButton(SoMouseButtonEvent::BUTTON1);
   event.setState(down ? SoButtonEvent::DOWN : SoButtonEvent::UP);
   event.setPosition(at);
-  m_action.setEvent(&event);
-  m_action.apply(m_root);
+  send(event);
 }
 
 void Scene::press(const SbVec2s& at)
@@ -90,8 +89,7 @@ void Scene::move(const SbVec2s& to)
 {
   SoLocation2Event event;
   event.setPosition(to);
-  m_action.setEvent(&event);
-  m_action.apply(m_root);
+  send(event);
 }
 
 void Scene::click(const SbVec2s& at)
@@ -103,6 +101,13 @@ void Scene::click(const SbVec2s& at)
 void Scene::click(SoDialogComponent* element)
 {
   click(centre(element));
+}
+
+bool Scene::send(const SoEvent& event)
+{
+  m_action.setEvent(&event);
+  m_action.apply(m_root);
+  return m_action.isHandled() != FALSE;
 }
 
 SoHandleEventAction& Scene::action()

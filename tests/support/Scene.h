@@ -5,6 +5,7 @@
 #include <Inventor/actions/SoHandleEventAction.h>
 #include <Quillform/Quillform.h>
 
+class SoEvent;
 class SoOrthographicCamera;
 class SoSeparator;
 
@@ -39,6 +40,9 @@ public:
   /// Press and release at one place.
   void click(const SbVec2s& at);
   void click(SoDialogComponent* element);
+
+  /// Gives the scene an event; TRUE when something in it took it.
+  bool send(const SoEvent& event);
 
   SoHandleEventAction& action();
 

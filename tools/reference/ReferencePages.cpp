@@ -141,7 +141,8 @@ QString ReferencePages::writePicture(const ElementClass& element) const
     text += "A dialog file with its states: [" + example + ".iv](../../" + file + ").\n\n";
   }
   if (QFile::exists(m_tree + "/docs/" + picture)) {
-    text += "![Window and scene](../" + picture + ")\n\n";
+    const bool isWindowOnly = element.name == "SoMessageDialog";
+    text += QString(isWindowOnly ? "![Windows](../" : "![Window and scene](../") + picture + ")\n\n";
   }
   return text;
 }
