@@ -51,16 +51,7 @@ protected:
   void send(SoKeyboardEvent::Key key, SoButtonEvent::State state, bool shift = false, bool ctrl = false,
             char character = '\0')
   {
-    SoKeyboardEvent event;
-    event.setKey(key);
-    event.setState(state);
-    event.setShiftDown(shift);
-    event.setCtrlDown(ctrl);
-    if (character != '\0') {
-      event.setPrintableCharacter(character);
-    }
-    scene.action().setEvent(&event);
-    scene.action().apply(scene.root());
+    scene.sendKey(key, state, character, shift, ctrl);
   }
   /// Down and up; the number of events that went on to the application.
   int key(SoKeyboardEvent::Key key, bool shift = false, bool ctrl = false, char character = '\0')

@@ -105,6 +105,26 @@ void Scene::click(SoDialogComponent* element)
   click(centre(element));
 }
 
+void Scene::sendKey(SoKeyboardEvent::Key key, SoButtonEvent::State state, char character, bool shift, bool ctrl)
+{
+  SoKeyboardEvent event;
+  event.setKey(key);
+  event.setState(state);
+  event.setShiftDown(shift);
+  event.setCtrlDown(ctrl);
+  if (character != '\0') {
+    event.setPrintableCharacter(character);
+  }
+  m_action.setEvent(&event);
+  m_action.apply(m_root);
+}
+
+void Scene::key(SoKeyboardEvent::Key key, char character)
+{
+  sendKey(key, SoButtonEvent::DOWN, character);
+  sendKey(key, SoButtonEvent::UP, character);
+}
+
 SoHandleEventAction& Scene::action()
 {
   return m_action;

@@ -3,6 +3,7 @@
 
 #include <Inventor/SbVec2s.h>
 #include <Inventor/actions/SoHandleEventAction.h>
+#include <Inventor/events/SoKeyboardEvent.h>
 #include <Quillform/Quillform.h>
 
 class SoOrthographicCamera;
@@ -39,6 +40,13 @@ public:
   /// Press and release at one place.
   void click(const SbVec2s& at);
   void click(SoDialogComponent* element);
+
+  /// One event of the keyboard. \a character is what it types, if anything.
+  void sendKey(SoKeyboardEvent::Key key, SoButtonEvent::State state, char character = '\0', bool shift = false,
+               bool ctrl = false);
+
+  /// A key down and up.
+  void key(SoKeyboardEvent::Key key, char character = '\0');
 
   SoHandleEventAction& action();
 
