@@ -422,6 +422,23 @@ TEST_F(SceneKeyboardTest, anAuditorMayRemoveTheElementThatHasTheKeyboard)
   EXPECT_TRUE(outline().isEmpty());
 }
 
+TEST_F(SceneKeyboardTest, aKeyThatHasTakenItsDialogOutOfTheSceneWorksInTheNextOne)
+{
+  open(button("a"));
+  scene.click(get<SoDialogPushButton>("a"));
+  heard.ids.clear();
+  heard.action = [this] {
+    scene.root()->removeChild(dialog);
+  };
+  key(SoKeyboardEvent::SPACE); // goes up where no dialog is
+  EXPECT_EQ(heard.ids, Names{"a"});
+  heard.action = nullptr;
+  open(button("b"));
+  scene.click(get<SoDialogPushButton>("b"));
+  key(SoKeyboardEvent::SPACE);
+  EXPECT_EQ(heard.ids, (Names{"a", "b", "b"}));
+}
+
 TEST_F(SceneKeyboardTest, anAuditorMayRemoveEverythingWhenAnEditEnds)
 {
   open("DialogEditText { auditorID \"text\" } " + button("a"));
