@@ -15,6 +15,7 @@
 #include <support/TestFiles.h>
 
 using Operate::barOf;
+using Operate::moveTo;
 using Operate::onBar;
 
 namespace {
@@ -52,15 +53,6 @@ QCheckBox* toggleOf(const SoDialogSlider* slider)
 std::string textOf(const SoDialogSlider* slider)
 {
   return editOf(slider)->text().toStdString();
-}
-
-/// Moves the pointer over the bar with the left button down.
-void moveTo(const SoDialogSlider* slider, float position)
-{
-  SoQtBasicSlider* bar = barOf(slider);
-  const QPoint to = onBar(slider, position);
-  QMouseEvent event(QEvent::MouseMove, to, bar->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(bar, &event);
 }
 
 void type(const SoDialogSlider* slider, const char* text)

@@ -248,8 +248,22 @@ const std::vector<Kind> kinds = {
      scene.key(SoKeyboardEvent::RETURN);
    }},
   {"realSlider", ROW, "DialogRealSlider { auditorID \"$\" max 10 }", clickBar, clickBarInScene},
-  {"realSliderOnEveryMotion", ROW, "DialogRealSlider { auditorID \"$\" max 10 continuousTrigger TRUE }", clickBar,
-   clickBarInScene},
+  {"realSliderDragged", ROW, "DialogRealSlider { auditorID \"$\" max 10 continuousTrigger TRUE }",
+   [](SoQuillform* element) {
+     auto* bar = as<SoDialogSlider>(element);
+     const QPointer<QWidget> widget(Operate::barOf(bar));
+     QTest::mousePress(widget, Qt::LeftButton, Qt::NoModifier, Operate::onBar(bar, bar->getSliderPosition()));
+     const QPoint to = Operate::onBar(bar, otherEnd(bar));
+     Operate::moveTo(bar, otherEnd(bar));
+     QTest::mouseRelease(widget, Qt::LeftButton, Qt::NoModifier, to);
+   },
+   [](Scene& scene, SoQuillform* element) {
+     auto* bar = as<SoDialogSlider>(element);
+     const SbVec2s to = Operate::onBar(scene, bar, otherEnd(bar));
+     scene.press(Operate::onBar(scene, bar, bar->getSliderPosition()));
+     scene.move(to);
+     scene.release(to);
+   }},
   {"tabDialog", ROW, tabs,
    [](SoQuillform* element) {
      auto* bar = in<QTabBar>(element);

@@ -5,7 +5,9 @@
 #include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoText3.h>
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QTest>
 #include <Quillform/Quillform.h>
@@ -71,6 +73,15 @@ inline QPoint onBar(const SoDialogSlider* slider, float position)
   const int room = barOf(slider)->width() - SoQtBasicSlider::thumbWidth;
   return {SoQtBasicSlider::thumbWidth / 2 + static_cast<int>(std::lround(position * static_cast<float>(room))),
           barOf(slider)->height() / 2};
+}
+
+/// Moves the pointer over the bar with the left button down.
+inline void moveTo(const SoDialogSlider* slider, float position)
+{
+  SoQtBasicSlider* bar = barOf(slider);
+  const QPoint to = onBar(slider, position);
+  QMouseEvent event(QEvent::MouseMove, to, bar->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(bar, &event);
 }
 
 // In the scene
