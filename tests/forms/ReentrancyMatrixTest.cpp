@@ -486,9 +486,10 @@ protected:
     addAuditors();
     inEventLoop([this] { open(dialog); });
     const int opened = SoQuillform::getInstanceCount();
-    heard->action = [this, &action] {
-      heard->action = nullptr;
-      (this->*action.act)();
+    heard->action = [this, &action, isDone = false]() mutable {
+      if (!std::exchange(isDone, true)) {
+        (this->*action.act)();
+      }
     };
     use("a");
     EXPECT_EQ(heard->ids, Names{"a"});
