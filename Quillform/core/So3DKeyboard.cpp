@@ -122,6 +122,7 @@ void So3DKeyboard::take(SoQuillform* element)
 {
   SoShiftTabFilter::install();
   s_keyboard.wasTaken = true;
+  s_keyboard.heldKey = SoKeyboardEvent::ANY; // it may have gone up when its dialog was not in the scene any more
   if (element == s_keyboard.element) {
     return;
   }

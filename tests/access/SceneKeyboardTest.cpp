@@ -51,15 +51,7 @@ protected:
   void send(SoKeyboardEvent::Key key, SoButtonEvent::State state, bool shift = false, bool ctrl = false,
             char character = '\0')
   {
-    SoKeyboardEvent event;
-    event.setKey(key);
-    event.setState(state);
-    event.setShiftDown(shift);
-    event.setCtrlDown(ctrl);
-    if (character != '\0') {
-      event.setPrintableCharacter(character);
-    }
-    scene.send(event);
+    scene.sendKey(key, state, character, shift, ctrl);
   }
   /// Down and up; the number of events that went on to the application.
   int key(SoKeyboardEvent::Key key, bool shift = false, bool ctrl = false, char character = '\0')
@@ -428,6 +420,23 @@ TEST_F(SceneKeyboardTest, anAuditorMayRemoveTheElementThatHasTheKeyboard)
   EXPECT_EQ(dialog->getNumChildren(), 1);
   EXPECT_EQ(current(), "");
   EXPECT_TRUE(outline().isEmpty());
+}
+
+TEST_F(SceneKeyboardTest, aKeyThatHasTakenItsDialogOutOfTheSceneWorksInTheNextOne)
+{
+  open(button("a"));
+  scene.click(get<SoDialogPushButton>("a"));
+  heard.ids.clear();
+  heard.action = [this] {
+    scene.root()->removeChild(dialog);
+  };
+  key(SoKeyboardEvent::SPACE); // goes up where no dialog is
+  EXPECT_EQ(heard.ids, Names{"a"});
+  heard.action = nullptr;
+  open(button("b"));
+  scene.click(get<SoDialogPushButton>("b"));
+  key(SoKeyboardEvent::SPACE);
+  EXPECT_EQ(heard.ids, (Names{"a", "b", "b"}));
 }
 
 TEST_F(SceneKeyboardTest, anAuditorMayRemoveEverythingWhenAnEditEnds)

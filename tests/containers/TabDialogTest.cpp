@@ -14,25 +14,18 @@
 #include <QTabWidget>
 #include <QTest>
 #include <Quillform/Quillform.h>
-#include <array>
 #include <forms/Plan.h>
 #include <functional>
 #include <limits>
 #include <support/Choices.h>
+#include <support/Form.h>
 #include <support/Messages.h>
+#include <support/Operate.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
 #include <utility>
 
 namespace {
-
-enum Form { WINDOW, SCENE, BOTH_BY_WINDOW, BOTH_BY_SCENE };
-
-void PrintTo(Form form, std::ostream* out)
-{
-  static const std::array<const char*, 4> names = {"window", "scene", "bothByWindow", "bothByScene"};
-  *out << names[form];
-}
 
 /// Notes every page that it hears of, and does once what a test gives it.
 struct Heard : SoTabDialogAuditor {
@@ -104,22 +97,6 @@ std::vector<std::string> sceneTabs(SoTabDialog* tabs)
 {
   SoNode* part = Plan::partOf(tabs, "pageSwitch");
   return part ? Choices::textsIn(part) : std::vector<std::string>();
-}
-
-/// Where the tab with a text stands in the scene; empty when there is none in sight.
-SbBox3f tabBox(SoNode* root, SoTabDialog* tabs, const std::string& label)
-{
-  SoSearchAction search;
-  search.setType(SoText3::getClassTypeId());
-  search.setInterest(SoSearchAction::ALL);
-  search.apply(Plan::partOf(tabs, "pageSwitch"));
-  for (int i = 0; i < search.getPaths().getLength(); i++) {
-    auto* text = static_cast<SoText3*>(search.getPaths()[i]->getTail());
-    if (text->string.getNum() > 0 && text->string[0] == label.c_str()) {
-      return Plan::boxOf(root, search.getPaths()[i]->getNodeFromTail(2));
-    }
-  }
-  return SbBox3f();
 }
 
 /// The texts that a traversal of the scene comes to.
@@ -213,20 +190,16 @@ protected:
   /// Clicks the tab with that text.
   void clickTab(SoTabDialog* on, const std::string& label)
   {
-    if (GetParam() == WINDOW || GetParam() == BOTH_BY_WINDOW) {
+    if (isByWindow(GetParam())) {
       const auto labels = windowTabs(on);
       const auto found = std::find(labels.begin(), labels.end(), label);
       ASSERT_NE(found, labels.end()) << label;
       QTabBar* bar = tabWidgetOf(on)->tabBar();
       const QPoint at = bar->tabRect(static_cast<int>(found - labels.begin())).center();
-      const QPointer<QWidget> widget(bar);
-      QTest::mousePress(widget, Qt::LeftButton, Qt::NoModifier, at);
-      if (widget) {
-        QTest::mouseRelease(widget, Qt::LeftButton, Qt::NoModifier, at);
-      }
+      Operate::click(bar, at);
     }
     else {
-      const SbBox3f box = tabBox(dialog, on, label);
+      const SbBox3f box = Operate::tabBox(dialog, on, label);
       ASSERT_FALSE(box.isEmpty()) << label;
       const SbVec3f middle = box.getCenter();
       scene.click(scene.pixel(middle[0], middle[1]));
@@ -273,7 +246,7 @@ protected:
   Scene scene;
 };
 
-INSTANTIATE_TEST_SUITE_P(Forms, TabDialogInFormsTest, ::testing::Values(WINDOW, SCENE, BOTH_BY_WINDOW, BOTH_BY_SCENE),
+INSTANTIATE_TEST_SUITE_P(Forms, TabDialogInFormsTest, ::testing::ValuesIn(allForms),
                          ::testing::PrintToStringParamName());
 
 // What it is
@@ -657,7 +630,7 @@ TEST_P(TabDialogInFormsTest, whatHappensInAPageIsReportedPastTheTabDialogsOwnAud
   dialog->addAuditor(&counting);
   const Messages messages;
   auto* button = static_cast<SoDialogPushButton*>(dialog->searchForAuditorId("A"));
-  if (GetParam() == WINDOW || GetParam() == BOTH_BY_WINDOW) {
+  if (isByWindow(GetParam())) {
     QTest::mouseClick(button->getWidget()->findChild<QPushButton*>(), Qt::LeftButton);
   }
   else {
@@ -759,7 +732,7 @@ TEST_F(TabDialogTest, theTabsOfBothFormsStandAtTheSamePlace)
   QTabBar* bar = tabWidgetOf(tabs)->tabBar();
   const SbVec3f place = dialog->get3DParentTranslation();
   for (const int i : {0, 1, 3}) {
-    const QRectF inScene = Plan::seen(tabBox(dialog, tabs, tabs->getChild(i)->label.getValue().getString()))
+    const QRectF inScene = Plan::seen(Operate::tabBox(dialog, tabs, tabs->getChild(i)->label.getValue().getString()))
                              .translated(-place[0] - Plan::border, place[1] - Plan::top);
     const QRectF inWindow(bar->mapTo(dialog->getWidget(), bar->tabRect(i).topLeft()), bar->tabRect(i).size());
     EXPECT_NEAR(inScene.left(), inWindow.left(), 1.0) << i;
@@ -1083,7 +1056,7 @@ TEST_P(TabDialogInFormsTest, anAuditorOfAButtonMayRemoveThePageOfTheButton)
   Removing removing;
   auto* button = static_cast<SoDialogPushButton*>(dialog->searchForAuditorId("B"));
   button->addAuditor(&removing);
-  if (GetParam() == WINDOW || GetParam() == BOTH_BY_WINDOW) {
+  if (isByWindow(GetParam())) {
     const QPointer<QPushButton> widget(button->getWidget()->findChild<QPushButton*>());
     QTest::mousePress(widget, Qt::LeftButton);
     QTest::mouseRelease(widget, Qt::LeftButton);
@@ -1219,7 +1192,7 @@ TEST_F(TabDialogTest, aTabThatIsReleasedElsewhereSelectsNothing)
   Scene scene;
   scene.open(dialog);
   const auto at = [&](const char* label) {
-    const SbVec3f middle = tabBox(dialog, tabs, label).getCenter();
+    const SbVec3f middle = Operate::tabBox(dialog, tabs, label).getCenter();
     return scene.pixel(middle[0], middle[1]);
   };
   scene.press(at("B"));
@@ -1239,7 +1212,7 @@ TEST_F(TabDialogTest, aTabRemovedWhileItIsPressedSelectsNothing)
   tabs->addAuditor(&heard);
   Scene scene;
   scene.open(dialog);
-  const SbVec3f middle = tabBox(dialog, tabs, "B").getCenter();
+  const SbVec3f middle = Operate::tabBox(dialog, tabs, "B").getCenter();
   scene.press(scene.pixel(middle[0], middle[1]));
   tabs->removeChild(1);
   scene.release(scene.pixel(middle[0], middle[1]));
@@ -1375,7 +1348,7 @@ TEST_F(TabDialogTest, theTabsLocationMovesTheTabsInTheSceneOnly)
   EXPECT_EQ(widget->currentWidget()->geometry(), before);
   Heard heard;
   tabs->addAuditor(&heard);
-  const SbVec3f middle = tabBox(dialog, tabs, "C").getCenter();
+  const SbVec3f middle = Operate::tabBox(dialog, tabs, "C").getCenter();
   scene.click(scene.pixel(middle[0], middle[1]));
   EXPECT_EQ(heard.pages, std::vector<int>{2});
 }

@@ -3,6 +3,7 @@
 #include <QTest>
 #include <Quillform/Quillform.h>
 #include <functional>
+#include <support/Operate.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
 
@@ -58,11 +59,7 @@ protected:
   /// The pixel of the check mark in the scene.
   SbVec2s mark() const
   {
-    SbVec2i32 size(0, 0);
-    SbVec2i32 centre(0, 0);
-    element->get3DComponentSize(size, centre);
-    const SbVec3f at = element->get3DParentTranslation();
-    return scene.pixel(at[0] + static_cast<float>(centre[0] - size[0] / 2 + 8), at[1]);
+    return Operate::markOf(scene, element);
   }
 
   Scene scene;

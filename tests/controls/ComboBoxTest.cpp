@@ -10,6 +10,7 @@
 #include <Quillform/Quillform.h>
 #include <support/Choices.h>
 #include <support/Messages.h>
+#include <support/Operate.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
 
@@ -20,14 +21,6 @@ namespace {
 QComboBox* boxOf(SoDialogComponent* component)
 {
   return component->getWidget()->findChild<QComboBox*>("ZEPSoDialogQComboBoxComboBoxWidget");
-}
-
-/// Opens the list in the window and chooses an entry of it.
-void choose(QComboBox* box, int index)
-{
-  box->showPopup();
-  box->view()->setCurrentIndex(box->model()->index(index, 0));
-  QTest::keyClick(box->view(), Qt::Key_Return);
 }
 
 SbVec2i32 pixelSize(const char* text, SoQuillform* element)
@@ -52,10 +45,7 @@ protected:
   /// The middle of an entry of the open list, \a row of \a rows in sight.
   SbVec2s entry(int row, int rows)
   {
-    const SbBox3f list = Plan::boxOf(m_dialog, Plan::partOf(m_choice, "itemsSwitch"));
-    const float height = list.getMax()[1] - list.getMin()[1];
-    return m_scene.pixel(list.getMin()[0] + 8.0F, // a scroll bar takes the right part of a narrow list
-                         list.getMax()[1] - height * (static_cast<float>(row) + 0.5F) / static_cast<float>(rows));
+    return Operate::entryOf(m_scene, m_choice, row, rows);
   }
 };
 
@@ -89,10 +79,10 @@ TEST_F(ComboBoxTest, choosingCallsTheAuditorsOnceAlsoForTheSameEntryTwice)
   SoDialogComboBox* combo = open();
   Heard heard;
   combo->addAuditor(&heard);
-  choose(boxOf(combo), 2);
+  Operate::choose(boxOf(combo), 2);
   EXPECT_EQ(heard.chosen, std::vector<int>{2});
   EXPECT_EQ(combo->selectedItem.getValue(), 2);
-  choose(boxOf(combo), 2);
+  Operate::choose(boxOf(combo), 2);
   EXPECT_EQ(heard.chosen, (std::vector<int>{2, 2}));
 }
 
@@ -101,7 +91,7 @@ TEST_F(ComboBoxTest, anAuditorThatTakesTheChoiceBackIsObeyed)
   SoDialogComboBox* combo = open();
   Heard heard([](SoDialogChoice* choice) { choice->selectedItem = 0; });
   combo->addAuditor(&heard);
-  choose(boxOf(combo), 2);
+  Operate::choose(boxOf(combo), 2);
   EXPECT_EQ(heard.chosen, std::vector<int>{2});
   EXPECT_EQ(combo->selectedItem.getValue(), 0);
   EXPECT_EQ(boxOf(combo)->currentIndex(), 0);
@@ -245,7 +235,7 @@ TEST_F(ComboBoxTest, anAuditorMayRemoveTheBoxThatCallsIt)
   SoDialogComboBox* combo = open();
   Heard heard([this](SoDialogChoice* /*choice*/) { m_dialog->removeAllChildren(); });
   combo->addAuditor(&heard);
-  choose(boxOf(combo), 2);
+  Operate::choose(boxOf(combo), 2);
   EXPECT_EQ(heard.chosen, std::vector<int>{2});
   EXPECT_EQ(m_dialog->getNumChildren(), 0);
   settle();
@@ -256,7 +246,7 @@ TEST_F(ComboBoxTest, anAuditorMayReplaceTheEntries)
   SoDialogComboBox* combo = open();
   Heard heard([](SoDialogChoice* choice) { choice->items.setNum(1); });
   combo->addAuditor(&heard);
-  choose(boxOf(combo), 2);
+  Operate::choose(boxOf(combo), 2);
   EXPECT_EQ(combo->selectedItem.getValue(), 0);
   EXPECT_EQ(boxOf(combo)->count(), 1);
   EXPECT_EQ(boxOf(combo)->currentIndex(), 0);
@@ -354,7 +344,7 @@ TEST_F(ComboBoxTest, bothFormsShowWhatWasChosenInEither)
   pressBox();
   m_scene.click(entry(0, 3));
   EXPECT_EQ(boxOf(combo)->currentIndex(), 0);
-  choose(boxOf(combo), 2);
+  Operate::choose(boxOf(combo), 2);
   EXPECT_EQ(Choices::textsIn(Plan::partOf(combo, "textSep")), std::vector<std::string>{"c"});
 }
 

@@ -155,15 +155,7 @@ protected:
 
   bool key(SoKeyboardEvent::Key key, char printable = 0, bool shift = false, bool down = true)
   {
-    SoKeyboardEvent event;
-    event.setKey(key);
-    if (printable != 0) {
-      event.setPrintableCharacter(printable);
-    }
-    event.setShiftDown(shift);
-    event.setState(down ? SoButtonEvent::DOWN : SoButtonEvent::UP);
-    m_scene.action().setEvent(&event);
-    m_scene.action().apply(m_scene.root());
+    m_scene.sendKey(key, down ? SoButtonEvent::DOWN : SoButtonEvent::UP, printable, shift);
     return m_scene.action().isHandled() != FALSE;
   }
 

@@ -5,6 +5,7 @@
 #include <Quillform/Quillform.h>
 #include <support/Choices.h>
 #include <support/Messages.h>
+#include <support/Operate.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
 
@@ -56,20 +57,18 @@ class RadioButtonsTest : public Choices::Test<SoDialogRadioButtons> {
 protected:
   void click(int index)
   {
-    QRadioButton* button = buttonsOf(m_choice)[static_cast<std::size_t>(index)];
-    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button->height() / 2));
+    Operate::clickMark(buttonsOf(m_choice)[static_cast<std::size_t>(index)]);
   }
 
   /// The node of an entry in the scene.
   SoNode* entryNode(int index)
   {
-    return static_cast<SoSwitch*>(Plan::partOf(m_choice, "itemsSep"))->getChild(index);
+    return Operate::entryNode(m_choice, index);
   }
 
   SbVec2s entry(int index)
   {
-    const SbVec3f middle = Plan::boxOf(m_dialog, entryNode(index)).getCenter();
-    return m_scene.pixel(middle[0], middle[1]);
+    return Operate::entryOf(m_scene, m_choice, index);
   }
 };
 

@@ -10,6 +10,7 @@
 #include <forms/Plan.h>
 #include <functional>
 #include <support/Messages.h>
+#include <support/Operate.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
 
@@ -71,12 +72,9 @@ protected:
   }
 
   /// The pixel of the bar at a position of the cursor.
-  SbVec2s onBar(SoQuillform* slider, float position)
+  SbVec2s onBar(SoDialogSlider* slider, float position)
   {
-    const QRectF bar = rectOf(slider, "frameSep");
-    const double x =
-      bar.left() + SoQtBasicSlider::thumbWidth * 0.5 + (bar.width() - SoQtBasicSlider::thumbWidth) * position;
-    return scene.pixel(static_cast<float>(x), static_cast<float>(-bar.center().y()));
+    return Operate::onBar(scene, slider, position);
   }
 
   void drag(const SbVec2s& from, const SbVec2s& to)
@@ -88,16 +86,7 @@ protected:
 
   void key(SoKeyboardEvent::Key key, char character = '\0')
   {
-    SoKeyboardEvent event;
-    event.setKey(key);
-    if (character != '\0') {
-      event.setPrintableCharacter(character);
-    }
-    for (const SoButtonEvent::State state : {SoButtonEvent::DOWN, SoButtonEvent::UP}) {
-      event.setState(state);
-      scene.action().setEvent(&event);
-      scene.action().apply(scene.root());
-    }
+    scene.key(key, character);
   }
 
   void type(const std::string& text)

@@ -11,7 +11,12 @@
 #include <functional>
 #include <limits>
 #include <support/Messages.h>
+#include <support/Operate.h>
 #include <support/TestFiles.h>
+
+using Operate::barOf;
+using Operate::moveTo;
+using Operate::onBar;
 
 namespace {
 
@@ -35,11 +40,6 @@ struct Heard : SoDialogAuditor {
   std::function<void()> action;
 };
 
-SoQtBasicSlider* barOf(const SoDialogSlider* slider)
-{
-  return slider->getWidget()->findChild<SoQtBasicSlider*>();
-}
-
 QLineEdit* editOf(const SoDialogSlider* slider)
 {
   return slider->getWidget()->findChild<QLineEdit*>("ZEPSoDialogQSliderLineEditWidget");
@@ -53,23 +53,6 @@ QCheckBox* toggleOf(const SoDialogSlider* slider)
 std::string textOf(const SoDialogSlider* slider)
 {
   return editOf(slider)->text().toStdString();
-}
-
-/// The pixel of the bar at which the user holds the thumb at a position.
-QPoint onBar(const SoDialogSlider* slider, float position)
-{
-  const int room = barOf(slider)->width() - SoQtBasicSlider::thumbWidth;
-  return {SoQtBasicSlider::thumbWidth / 2 + static_cast<int>(std::lround(position * static_cast<float>(room))),
-          barOf(slider)->height() / 2};
-}
-
-/// Moves the pointer over the bar with the left button down.
-void moveTo(const SoDialogSlider* slider, float position)
-{
-  SoQtBasicSlider* bar = barOf(slider);
-  const QPoint to = onBar(slider, position);
-  QMouseEvent event(QEvent::MouseMove, to, bar->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(bar, &event);
 }
 
 void type(const SoDialogSlider* slider, const char* text)

@@ -4,22 +4,14 @@
 #include <QTest>
 #include <Quillform/Quillform.h>
 #include <functional>
+#include <support/Form.h>
 #include <support/MessageUser.h>
 #include <support/Messages.h>
+#include <support/Operate.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
 
 namespace {
-
-enum Form { WINDOW, SCENE, BOTH_BY_WINDOW, BOTH_BY_SCENE };
-
-void PrintTo(Form form, std::ostream* out)
-{
-  *out << (form == WINDOW           ? "window"
-           : form == SCENE          ? "scene"
-           : form == BOTH_BY_WINDOW ? "bothByWindow"
-                                    : "bothByScene");
-}
 
 /// Does once what a test gives it, whoever reports.
 struct Doing : SoDialogAuditor {
@@ -74,12 +66,8 @@ protected:
   /// Press and release on a button, as the form has it; the button may be gone in between.
   void click(SoDialogPushButton* element)
   {
-    if (GetParam() == WINDOW || GetParam() == BOTH_BY_WINDOW) {
-      QPointer<QPushButton> widget(element->getWidget()->findChild<QPushButton*>());
-      QTest::mousePress(widget, Qt::LeftButton);
-      if (widget) {
-        QTest::mouseRelease(widget, Qt::LeftButton);
-      }
+    if (isByWindow(GetParam())) {
+      Operate::click(element->getWidget()->findChild<QPushButton*>());
     }
     else {
       scene.click(element);
@@ -367,7 +355,7 @@ TEST_P(ReentrancyTest, clicksAnotherButtonFromInside)
 {
   open();
   doing.action = [this](SoDialogPushButton*) {
-    if (GetParam() == WINDOW || GetParam() == BOTH_BY_WINDOW) {
+    if (isByWindow(GetParam())) {
       button(1)->getWidget()->findChild<QPushButton*>()->click();
     }
     else {
@@ -461,4 +449,4 @@ TEST_P(ReentrancyTest, finishesTheLibrary)
   SoQuillform::init();
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, ReentrancyTest, ::testing::Values(WINDOW, SCENE, BOTH_BY_WINDOW, BOTH_BY_SCENE));
+INSTANTIATE_TEST_SUITE_P(Forms, ReentrancyTest, ::testing::ValuesIn(allForms));

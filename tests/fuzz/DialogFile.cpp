@@ -151,13 +151,7 @@ void typeInto(Scene& scene)
 {
   for (const SoKeyboardEvent::Key key : {SoKeyboardEvent::PAGE_DOWN, SoKeyboardEvent::LEFT_ARROW,
                                          SoKeyboardEvent::NUMBER_7, SoKeyboardEvent::RETURN, SoKeyboardEvent::TAB}) {
-    for (const SoButtonEvent::State state : {SoButtonEvent::DOWN, SoButtonEvent::UP}) {
-      SoKeyboardEvent event;
-      event.setKey(key);
-      event.setState(state);
-      scene.action().setEvent(&event);
-      scene.action().apply(scene.root());
-    }
+    scene.key(key);
   }
 }
 

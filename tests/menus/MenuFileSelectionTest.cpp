@@ -4,8 +4,8 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
 #include <menus/Menus.h>
+#include <support/FileDialogUser.h>
 
 using Menus::Texts;
 
@@ -14,7 +14,6 @@ class MenuFileSelectionTest : public MenusTest {
 protected:
   MenuFileSelectionTest()
   {
-    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QFile(QString::fromStdString(pathOf("b.iv"))).open(QIODevice::WriteOnly);
     QDir(QString::fromStdString(pathOf(""))).mkdir("inner");
   }
@@ -38,19 +37,9 @@ protected:
     entry = item<SoMenuFileSelection>("open");
   }
 
-  /// Does something in the file dialog as soon as it is open, and then expects it to be closed.
   void then(const std::function<void(QFileDialog*)>& operate)
   {
-    auto* timer = new QTimer(&m_timers);
-    QObject::connect(timer, &QTimer::timeout, timer, [this, timer, operate] {
-      auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-      if (box && box->isVisible()) {
-        timer->stop();
-        ++opened;
-        operate(box);
-      }
-    });
-    timer->start(20);
+    user.then(operate);
   }
 
   static void type(QFileDialog* box, const std::string& name)
@@ -62,11 +51,6 @@ protected:
     QTest::keyClick(edit, Qt::Key_Return);
   }
 
-  static void cancel(QFileDialog* box)
-  {
-    QTest::keyClick(box, Qt::Key_Escape);
-  }
-
   void trigger()
   {
     dialog->getWidget()->activateWindow(); // the file dialog before has taken that
@@ -75,10 +59,7 @@ protected:
   }
 
   SoMenuFileSelection* entry = nullptr;
-  int opened = 0;
-
-private:
-  QObject m_timers;
+  FileDialogUser user;
 };
 
 TEST_F(MenuFileSelectionTest, fieldsHaveTheirDefaults)
@@ -116,7 +97,7 @@ TEST_F(MenuFileSelectionTest, aChosenFileIsSplitAndReported)
     type(box, "b.iv");
   });
   trigger();
-  EXPECT_EQ(opened, 1);
+  EXPECT_EQ(user.opened, 1);
   EXPECT_EQ(title, QString::fromLatin1("Choose \xe4 file"));
   EXPECT_EQ(begins.toStdString(), directory());
   EXPECT_EQ(filters, (QStringList{"Arborel file (*.iv)", ""})); // the text ends with a separator
@@ -129,9 +110,9 @@ TEST_F(MenuFileSelectionTest, aChosenFileIsSplitAndReported)
 TEST_F(MenuFileSelectionTest, aCancelEmptiesTheNameAndIsReportedOnce)
 {
   open("filename \"before.iv\"");
-  then(cancel);
+  then(FileDialogUser::cancel);
   trigger();
-  EXPECT_EQ(opened, 1);
+  EXPECT_EQ(user.opened, 1);
   EXPECT_EQ(heard.events, Texts{"file open"});
   EXPECT_STREQ(entry->filename.getValue().getString(), "");
   EXPECT_STREQ(entry->fileDirectory.getValue().getString(), directory().c_str());
@@ -144,7 +125,7 @@ TEST_F(MenuFileSelectionTest, ofThreeFilterValuesTheFirstPairCounts)
   then([&](QFileDialog* box) {
     filters = box->nameFilters();
     EXPECT_EQ(box->selectedNameFilter(), "First (*.a)");
-    cancel(box);
+    FileDialogUser::cancel(box);
   });
   trigger();
   EXPECT_EQ(filters, (QStringList{"First (*.a)", ""}));
@@ -156,7 +137,7 @@ TEST_F(MenuFileSelectionTest, allPairsAreOffered)
   QStringList filters;
   then([&](QFileDialog* box) {
     filters = box->nameFilters();
-    cancel(box);
+    FileDialogUser::cancel(box);
   });
   trigger();
   EXPECT_EQ(filters, (QStringList{"Scenes (*.iv *.wrl)", QString::fromLatin1("All \xe4 (*)"), ""}));
@@ -174,17 +155,17 @@ TEST_F(MenuFileSelectionTest, aNameToSaveUnderNeedNotExist)
     type(box, directory() + "/inner/new.iv");
   });
   trigger();
-  EXPECT_EQ(opened, 1);
+  EXPECT_EQ(user.opened, 1);
   EXPECT_EQ(title, QString::fromLatin1("Choose \xe4 file"));
   EXPECT_STREQ(entry->fileDirectory.getValue().getString(), (directory() + "/inner").c_str());
   EXPECT_STREQ(entry->filename.getValue().getString(), "new.iv");
   // The next time the dialog begins there.
   then([&](QFileDialog* box) {
     EXPECT_EQ(box->directory().absolutePath().toStdString(), directory() + "/inner");
-    cancel(box);
+    FileDialogUser::cancel(box);
   });
   trigger();
-  EXPECT_EQ(opened, 2);
+  EXPECT_EQ(user.opened, 2);
 }
 
 TEST_F(MenuFileSelectionTest, aFileOfTheRootDirectoryKeepsIt)
@@ -203,10 +184,10 @@ TEST_F(MenuFileSelectionTest, theDirectoryMayNameAVariable)
   entry->fileDirectory = "$QUILLFORM_TEST_DIRECTORY/inner";
   then([&](QFileDialog* box) {
     EXPECT_EQ(box->directory().absolutePath().toStdString(), directory() + "/inner");
-    cancel(box);
+    FileDialogUser::cancel(box);
   });
   trigger();
-  EXPECT_EQ(opened, 1);
+  EXPECT_EQ(user.opened, 1);
   EXPECT_STREQ(entry->fileDirectory.getValue().getString(), "$QUILLFORM_TEST_DIRECTORY/inner");
 }
 
@@ -250,7 +231,7 @@ TEST_F(MenuFileSelectionTest, inTheSceneTheDialogOpensOnceAndIsReportedOnce)
     type(box, "b.iv");
   });
   chooseInScene({menu(0)}, entry);
-  EXPECT_EQ(opened, 1);
+  EXPECT_EQ(user.opened, 1);
   EXPECT_EQ(heard.events, Texts{"file open"});
   EXPECT_STREQ(entry->filename.getValue().getString(), "b.iv");
 }
@@ -290,9 +271,9 @@ TEST_F(MenuFileSelectionTest, theDialogMayBeReleasedWhileTheFileDialogIsOpen)
   then([&](QFileDialog* box) {
     dialog->destroyWidget();
     release();
-    cancel(box);
+    FileDialogUser::cancel(box);
   });
   trigger();
-  EXPECT_EQ(opened, 1);
+  EXPECT_EQ(user.opened, 1);
   SoQuillform::init();
 }

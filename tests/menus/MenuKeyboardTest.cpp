@@ -58,19 +58,11 @@ protected:
     ASSERT_EQ(So3DKeyboard::getElement(), bar);
   }
 
-  bool send(Key::Key pressed, SoButtonEvent::State state)
-  {
-    SoKeyboardEvent event;
-    event.setKey(pressed);
-    event.setState(state);
-    return scene.send(event);
-  }
-
   /// Presses a key and lets it go; FALSE when the application got it.
   bool key(Key::Key pressed)
   {
-    const bool isTaken = send(pressed, SoButtonEvent::DOWN);
-    EXPECT_EQ(send(pressed, SoButtonEvent::UP), isTaken);
+    const bool isTaken = scene.sendKey(pressed, SoButtonEvent::DOWN);
+    EXPECT_EQ(scene.sendKey(pressed, SoButtonEvent::UP), isTaken);
     return isTaken;
   }
 
@@ -317,9 +309,9 @@ TEST_F(MenuKeyboardTest, aKeyThatIsHeldDownChoosesOnce)
   openAtBar();
   keys({Key::RIGHT_ARROW, Key::DOWN_ARROW});
   for (int i = 0; i < 3; i++) {
-    EXPECT_TRUE(send(Key::SPACE, SoButtonEvent::DOWN));
+    EXPECT_TRUE(scene.sendKey(Key::SPACE, SoButtonEvent::DOWN));
   }
-  EXPECT_TRUE(send(Key::SPACE, SoButtonEvent::UP));
+  EXPECT_TRUE(scene.sendKey(Key::SPACE, SoButtonEvent::UP));
   EXPECT_EQ(heard.events, Texts{"on grid"});
   EXPECT_EQ(where(), "");
   EXPECT_EQ(look(item<SoMenuItem>("grid"), "chkSwtch"), 1);

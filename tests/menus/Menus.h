@@ -5,11 +5,13 @@
 #include <QMenuBar>
 #include <QTest>
 #include <Quillform/Quillform.h>
+#include <algorithm>
 #include <forms/Plan.h>
 #include <functional>
 #include <string>
 #include <support/Choices.h>
 #include <support/Messages.h>
+#include <support/Operate.h>
 #include <support/Scene.h>
 #include <support/TestFiles.h>
 #include <vector>
@@ -121,6 +123,50 @@ inline SoMenuPopup* menuOf(SoTopLevelDialog* dialog, int index)
     }
   }
   return nullptr;
+}
+
+/// The menus around an entry, from the bar on.
+inline std::vector<SoMenuPopup*> menusAround(SoQuillform* entry)
+{
+  std::vector<SoMenuPopup*> menus;
+  for (SoQuillform* around = entry->getParent(); dynamic_cast<SoMenuPopup*>(around); around = around->getParent()) {
+    menus.insert(menus.begin(), static_cast<SoMenuPopup*>(around));
+  }
+  return menus;
+}
+
+/// The line of an entry that a user chooses next: of radio buttons, the one that is not chosen.
+inline int nextLineOf(SoQuillform* entry)
+{
+  const auto* radio = dynamic_cast<SoMenuRadioButtons*>(entry);
+  return radio ? Operate::other(radio->selectedItem) : 0;
+}
+
+/// Opens the menus around an entry in the window and chooses it.
+inline void chooseEntry(SoQuillform* entry)
+{
+  QWidget* around = barOf(Operate::dialogOf(entry));
+  for (SoMenuPopup* menu : menusAround(entry)) {
+    around = openMenu(around, around->actions().indexOf(menu->getMenu()->menuAction()));
+    ASSERT_TRUE(QTest::qWaitFor([around] { return around->isVisible(); }, 2000));
+  }
+  const bool isRadio = dynamic_cast<SoMenuRadioButtons*>(entry) != nullptr;
+  const std::string text =
+    entry->auditorID.getValue().getString() + (isRadio ? std::to_string(nextLineOf(entry)) : std::string());
+  const auto actions = around->actions();
+  const auto found = std::find_if(actions.cbegin(), actions.cend(),
+                                  [&text](const QAction* action) { return action->text().toStdString() == text; });
+  ASSERT_NE(found, actions.cend()) << text;
+  choose(static_cast<QMenu*>(around), static_cast<int>(found - actions.cbegin()));
+}
+
+/// The same in the scene.
+inline void chooseEntry(Scene& scene, SoQuillform* entry)
+{
+  for (SoMenuPopup* menu : menusAround(entry)) {
+    scene.click(lineOf(scene, menu));
+  }
+  scene.click(lineOf(scene, static_cast<SoMenuItem*>(entry), nextLineOf(entry)));
 }
 
 } // namespace Menus

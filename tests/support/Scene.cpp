@@ -110,6 +110,25 @@ bool Scene::send(const SoEvent& event)
   return m_action.isHandled() != FALSE;
 }
 
+bool Scene::sendKey(SoKeyboardEvent::Key key, SoButtonEvent::State state, char character, bool shift, bool ctrl)
+{
+  SoKeyboardEvent event;
+  event.setKey(key);
+  event.setState(state);
+  event.setShiftDown(shift);
+  event.setCtrlDown(ctrl);
+  if (character != '\0') {
+    event.setPrintableCharacter(character);
+  }
+  return send(event);
+}
+
+void Scene::key(SoKeyboardEvent::Key key, char character)
+{
+  sendKey(key, SoButtonEvent::DOWN, character);
+  sendKey(key, SoButtonEvent::UP, character);
+}
+
 SoHandleEventAction& Scene::action()
 {
   return m_action;

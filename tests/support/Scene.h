@@ -3,6 +3,7 @@
 
 #include <Inventor/SbVec2s.h>
 #include <Inventor/actions/SoHandleEventAction.h>
+#include <Inventor/events/SoKeyboardEvent.h>
 #include <Quillform/Quillform.h>
 
 class SoEvent;
@@ -43,6 +44,13 @@ public:
 
   /// Gives the scene an event; TRUE when something in it took it.
   bool send(const SoEvent& event);
+
+  /// One event of the keyboard, likewise. \a character is what it types, if anything.
+  bool sendKey(SoKeyboardEvent::Key key, SoButtonEvent::State state, char character = '\0', bool shift = false,
+               bool ctrl = false);
+
+  /// A key down and up.
+  void key(SoKeyboardEvent::Key key, char character = '\0');
 
   SoHandleEventAction& action();
 

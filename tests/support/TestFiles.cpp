@@ -51,6 +51,11 @@ SoNode* read(const std::string& bytes)
 
 QuillformTest::QuillformTest()
 {
+  start();
+}
+
+void QuillformTest::start()
+{
   SoQuillform::init();
   SoQuillform::setSkinsDirectories(QUILLFORM_TEST_SKINS);
 }

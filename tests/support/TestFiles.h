@@ -12,6 +12,9 @@ protected:
   QuillformTest();
   ~QuillformTest() override;
 
+  /// Starts the library, again after SoQuillform::finish().
+  static void start();
+
   /// Writes \a text, with a header line in front when it has none, to a file of the test and returns its path.
   std::string writeFile(const std::string& name, const std::string& text);
 
