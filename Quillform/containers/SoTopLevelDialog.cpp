@@ -502,6 +502,9 @@ void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
       m_base->setUpdatesEnabled(false);
     }
     updateChildren();
+    if (!isNewWidget) { // new widgets are made in order
+      SoReadingOrder::applyTo(this, m_base);
+    }
     updateBaseWidget();
     if (isDrawnAnew) {
       m_base->setUpdatesEnabled(true);
@@ -583,7 +586,6 @@ void SoTopLevelDialog::updateChildren()
 {
   if (m_layout) {
     m_box.buildWidgets(getComponents(), m_base, m_layout);
-    SoReadingOrder::applyTo(this, m_base);
   }
 }
 

@@ -134,7 +134,15 @@ SoQuillform::PartsLater::PartsLater()
 
 SoQuillform::PartsLater::~PartsLater()
 {
-  SoDB::endNotify();
+  release();
+}
+
+void SoQuillform::PartsLater::release() const
+{
+  if (m_isHeld) {
+    m_isHeld = false;
+    SoDB::endNotify();
+  }
 }
 
 SoQuillform::SoQuillform() : SoQuillform(PartsLater())
@@ -142,11 +150,11 @@ SoQuillform::SoQuillform() : SoQuillform(PartsLater())
   SO_KIT_INIT_INSTANCE();
 }
 
-SoQuillform::SoQuillform(const PartsLater& /*later*/)
+SoQuillform::SoQuillform(const PartsLater& later)
     : m_watched(fieldChangedCB, this), m_parentTranslation(0.0F, 0.0F, 0.0F), m_labelBox(emptyLabelBox)
 {
   ++s_instanceCount;
-  inherited::setUpConnections(FALSE, TRUE); // create3DQuillform() makes them
+  dropConnections(later);
   SO_QUILLFORM_CONSTRUCTOR(SoQuillform);
 
   SO_QUILLFORM_ADD_FIELD(enable, (TRUE));
@@ -164,6 +172,21 @@ SoQuillform::SoQuillform(const PartsLater& /*later*/)
     {&SoQuillform::geomSwitch, "geomSwitch", "SoSwitch", "geomSeparator", FALSE},
   };
   SO_QUILLFORM_ADD_PARTS(parts);
+}
+
+void SoQuillform::dropConnections(const PartsLater& later)
+{
+  // The kit's sensor is about to connect the top separator, and is shown none. To cancel a sensor that waits would make
+  // the viewers set their timers anew, for each element.
+  SoNode* separator = topSeparator.getValue();
+  separator->ref();
+  topSeparator.enableNotify(FALSE);
+  topSeparator.setValue(nullptr);
+  later.release();
+  topSeparator.setValue(separator);
+  topSeparator.enableNotify(TRUE);
+  separator->unrefNoDelete();
+  inherited::setUpConnections(FALSE, TRUE);
 }
 
 SoQuillform::~SoQuillform()

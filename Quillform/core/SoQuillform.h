@@ -388,6 +388,10 @@ protected:
     ~PartsLater();
     PartsLater(const PartsLater&) = delete;
     PartsLater& operator=(const PartsLater&) = delete;
+    void release() const; ///< lets sensors be called again
+
+  private:
+    mutable bool m_isHeld = true;
   };
   explicit SoQuillform(const PartsLater& later); ///< see PartsLater
 
@@ -456,6 +460,7 @@ private:
   static void startCB3D(void* data, SoDragger* dragger);
   static void motionCB3D(void* data, SoDragger* dragger);
   static void finishCB3D(void* data, SoDragger* dragger);
+  void dropConnections(const PartsLater& later);
   void apply3DUsability(bool usable, int pickStyle);
   void showFade(bool shown);
   bool isAuthorPart(int partNumber) const;

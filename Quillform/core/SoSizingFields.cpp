@@ -1,5 +1,8 @@
 #include <Quillform/core/SoSizingFields.h>
 
+#include <Inventor/SoDB.h>
+#include <algorithm>
+
 SoSizingFields::SoSizingFields(SoWatchedFields& watched, const Fields& fields) : m_watched(watched), m_fields(fields) {}
 
 void SoSizingFields::captureOnce()
@@ -140,6 +143,11 @@ void SoSizingFields::store(const Values& values)
 void SoSizingFields::announce()
 {
   endPlan();
+  if (std::none_of(m_unannounced.cbegin(), m_unannounced.cend(),
+                   [](const Unannounced& one) { return one.isPending; })) {
+    return;
+  }
+  SoDB::startNotify(); // who hears of one field finds all of them up to date
   for (std::size_t i = 0; i < COUNT; i++) {
     const Unannounced unannounced = m_unannounced[i];
     m_unannounced[i].isPending = false;
@@ -147,6 +155,7 @@ void SoSizingFields::announce()
       m_watched.touchQuietly(*m_fields[i]);
     }
   }
+  SoDB::endNotify();
 }
 
 void SoSizingFields::markComputed(const Values& authored, int unbounded)

@@ -1,5 +1,6 @@
 #include <Quillform/core/SoWatchedFields.h>
 
+#include <Inventor/misc/SoNotification.h>
 #include <Inventor/sensors/SoOneShotSensor.h>
 #include <algorithm>
 #include <utility>
@@ -97,7 +98,8 @@ void SoWatchedFields::touchQuietly(SoField& field)
   const SbBool wasDefault = field.isDefault();
   SoFieldContainer* element = field.getContainer();
   const SbBool wasNotifying = element->enableNotify(FALSE);
-  field.touch();
+  SoNotList list;
+  field.notify(&list);
   element->enableNotify(wasNotifying);
   if (field.isDefault() != wasDefault) {
     field.setDefault(wasDefault);

@@ -40,7 +40,8 @@ public:
   template <class Field, class Value>
   void setQuietly(Field& field, const Value& value);
 
-  /// Tells whoever watches \a field that it has changed, as setQuietly does. This is no change for hasChanges().
+  /// Tells whoever watches \a field that it has changed, as setQuietly does. This is no change for hasChanges(). To be
+  /// called between SoDB::startNotify() and SoDB::endNotify(), which is when sensors without a priority are called.
   void touchQuietly(SoField& field);
 
   /// Keeps one field from having reactions for as long as it lives, on every way out of the scope.
