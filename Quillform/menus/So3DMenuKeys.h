@@ -11,6 +11,7 @@ class SoMenuPopup;
 /// What keys do in the menus of a bar in the scene.
 class QUILLFORM_API So3DMenuKeys {
 public:
+  /// For the menus of \a bar, which owns this.
   explicit So3DMenuKeys(SoMenuBar* bar) : m_bar(bar) {}
 
   /// Does what a key that went down means. TRUE when it means something.
