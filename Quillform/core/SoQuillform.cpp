@@ -55,6 +55,12 @@ Font& font()
   return font;
 }
 
+/// TRUE for a part that a file may set; the others hold the element's geometry together.
+bool isForAuthors(const SoNodekitCatalog* catalog, int part)
+{
+  return catalog->isPublic(part) && catalog->isLeaf(part);
+}
+
 /// The parts of an element that hold its own geometry together. A file can name them like any field, but a node in the
 /// place of one would not be the kind of node that the element takes it for.
 class InnerParts {
@@ -75,7 +81,7 @@ public:
       }
       const SbName& name = m_fields->getFieldName(holder.field);
       const int part = catalog->getPartNumber(name);
-      if (part > 0 && !(catalog->isPublic(part) && catalog->isLeaf(part))) {
+      if (part > 0 && !isForAuthors(catalog, part)) {
         SoReadError::post(in, "\"%s\" of %s cannot be set", name.getString(),
                           m_element->getTypeId().getName().getString());
         return false;
@@ -834,7 +840,7 @@ void SoQuillform::fillFromSkin(const char* partName, SoGroup* skinPart)
 bool SoQuillform::isAuthorPart(int partNumber) const
 {
   const SoNodekitCatalog* catalog = getNodekitCatalog();
-  if (!catalog->isPublic(partNumber) || !catalog->isLeaf(partNumber)) {
+  if (!isForAuthors(catalog, partNumber)) {
     return false;
   }
   const SbName& name = catalog->getName(partNumber);
@@ -975,8 +981,8 @@ void SoQuillform::adoptReadParts(const std::vector<int>& holders)
     if (part == SO_CATALOG_NAME_NOT_FOUND || part == 0) {
       continue;
     }
-    if (!field->getValue()) {
-      field->setIgnored(FALSE); // an empty part that is ignored could be written to a binary file, but not be read
+    if (!field->getValue() || !isForAuthors(catalog, part)) {
+      field->setIgnored(FALSE); // could be written to a binary file, but without the part not be read
     }
     if (!isAuthorPart(part)) {
       continue;
