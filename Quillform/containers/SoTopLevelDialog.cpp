@@ -496,13 +496,15 @@ void SoTopLevelDialog::buildWidget(QWidget* parent, SbVec2i32& size, SbVec2i32& 
 
   if (asWidget != 0) {
     // When most rows change, one repaint of everything costs less than a region for every widget that moves.
+    const SoBoxModel::Children components = getComponents();
     const bool isDrawnAnew =
-      m_base->isVisible() && m_base->updatesEnabled() && SoBoxModel::countOutdated(getComponents(), m_base) > fewRows;
+      m_base->isVisible() && m_base->updatesEnabled() && SoBoxModel::countOutdated(components, m_base) > fewRows;
+    const bool isInOrder = SoBoxModel::appends(components, m_base);
     if (isDrawnAnew) {
       m_base->setUpdatesEnabled(false);
     }
     updateChildren();
-    if (!isNewWidget) { // new widgets are made in order
+    if (!isInOrder) {
       SoReadingOrder::applyTo(this, m_base);
     }
     updateBaseWidget();

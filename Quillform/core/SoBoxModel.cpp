@@ -198,6 +198,18 @@ int SoBoxModel::countOutdated(const Children& children, const QWidget* parent)
   }));
 }
 
+bool SoBoxModel::appends(const Children& children, const QWidget* parent)
+{
+  const auto firstNew = std::find_if_not(children.cbegin(), children.cend(), [parent](SoTopComponent* child) {
+    const SoDialogComponent* component = toComponent(child);
+    return !component || component->isWidgetUpToDate(parent);
+  });
+  return std::all_of(firstNew, children.cend(), [](SoTopComponent* child) {
+    const SoDialogComponent* component = toComponent(child);
+    return component && !component->getWidget();
+  });
+}
+
 std::unique_ptr<QBoxLayout> SoBoxModel::createPlan(const Children& children, std::vector<QRect>& rects, int spacing,
                                                    int margin, bool verticalCells) const
 {

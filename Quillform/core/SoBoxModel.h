@@ -65,6 +65,10 @@ public:
   /// How many of the children have widgets that have to be built anew.
   static int countOutdated(const Children& children, const QWidget* parent);
 
+  /// TRUE when all children without widgets stand behind all whose widgets are there and up to date: their widgets will
+  /// be in order.
+  static bool appends(const Children& children, const QWidget* parent);
+
   /// The rectangles of the children inside a container of \a size, as a layout of the window with \a margin pixels
   /// on every side places them.
   std::vector<QRect> plan(const Children& children, const QSize& size, int spacing, int margin,

@@ -3,11 +3,15 @@
 #include <Inventor/SoDB.h>
 #include <Inventor/errors/SoDebugError.h>
 #include <Inventor/errors/SoReadError.h>
+#include <Inventor/fields/SoSFInt32.h>
+#include <Inventor/lists/SoTypeList.h>
 #include <Inventor/misc/SoChildList.h>
+#include <Inventor/nodekits/SoBaseKit.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <algorithm>
 #include <cstdlib>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -53,6 +57,31 @@ private:
   std::vector<const SoNode*> m_path; // from the root to the node being looked at
 };
 
+/// More values than any field of a dialog has. The scene-graph library never comes back from making room for some of
+/// the numbers that a broken file may hold.
+constexpr int mostValues = 1 << 24;
+
+/// Whether a field of that name holds one number in some element, which may be any.
+bool holdsOneNumber(const SbName& field)
+{
+  SoTypeList types;
+  SoType::getAllDerivedFrom(SoBaseKit::getClassTypeId(), types);
+  for (int i = 0; i < types.getLength(); i++) {
+    auto* node = types[i].canCreateInstance() ? static_cast<SoNode*>(types[i].createInstance()) : nullptr;
+    if (!node) {
+      continue;
+    }
+    node->ref();
+    const SoField* found = node->getField(field);
+    const bool isNumber = found && found->isOfType(SoSFInt32::getClassTypeId());
+    node->unref();
+    if (isNumber) {
+      return true;
+    }
+  }
+  return false;
+}
+
 } // namespace
 
 SoBoundedInput::SoBoundedInput() : m_bottom(getStackPosition()) {}
@@ -63,7 +92,22 @@ SbBool SoBoundedInput::read(SbName& name, SbBool isIdentifier)
     m_isRefused = true;
     SoReadError::post(this, "Nodes or fields stand too deep inside each other. Make the file flatter");
   }
-  return m_isRefused ? FALSE : SoInput::read(name, isIdentifier);
+  const SbBool isRead = m_isRefused ? FALSE : SoInput::read(name, isIdentifier);
+  m_lastName = isRead ? name : SbName();
+  return isRead;
+}
+
+SbBool SoBoundedInput::read(int& number)
+{
+  const SbName field = std::exchange(m_lastName, SbName());
+  if (m_isRefused || !SoInput::read(number)) {
+    return FALSE;
+  }
+  if (number > mostValues && isBinary() && field.getLength() > 0 && !holdsOneNumber(field)) {
+    m_isRefused = true;
+    SoReadError::post(this, "\"%s\" cannot have %d values. The file is broken", field.getString(), number);
+  }
+  return !m_isRefused;
 }
 
 SoSeparator* SoBoundedInput::readAll()
