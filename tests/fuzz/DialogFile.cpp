@@ -134,10 +134,21 @@ void operate(QWidget* window)
   happen();
 }
 
+/// Whether there is memory to draw the dialog and all that it launches.
+bool canBeShown(SoTopLevelDialog* dialog)
+{
+  const std::vector<SoQuillform*> elements = elementsOf(dialog);
+  return std::all_of(elements.begin(), elements.end(), [](SoQuillform* element) {
+    auto* opened = dynamic_cast<SoTopLevelDialog*>(element);
+    const QWidget* window = opened ? opened->getWidget() : nullptr;
+    return !window || (window->width() <= maxShownSize && window->height() <= maxShownSize);
+  });
+}
+
 void useAsWindow(SoTopLevelDialog* dialog)
 {
-  const QWidget* window = dialog->buildAs(nullptr, 1);
-  if (window && window->width() <= maxShownSize && window->height() <= maxShownSize) {
+  dialog->buildAs(nullptr, 1);
+  if (canBeShown(dialog)) {
     dialog->show();
     happen();
     if (!waitsForAUser(dialog) && dialog->getWidget()) {
