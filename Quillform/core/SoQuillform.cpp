@@ -946,16 +946,17 @@ SbBool SoQuillform::readInstance(SoInput* in, unsigned short flags)
   SoChildElements* children = getChildElements();
   const SbBool wasNotifying = enableNotify(FALSE);
   InnerParts innerParts(this, getFieldData());
+  ref(); // a broken file may put this node below itself for a moment
   if (!children) {
     // A kit's own reading makes the parts that every kit has a second time.
     const SbBool isRead = SoFieldContainer::readInstance(in, flags) && innerParts.areUntouched(in);
     if (isRead) {
       adoptReadParts(innerParts.getHolders());
     }
+    unrefNoDelete();
     enableNotify(wasNotifying);
     return isRead;
   }
-  ref(); // a broken file may make this node its own grandchild for a moment
   // A kit's own reading takes every unknown word for a part; here the children's class names follow.
   SbBool isRead =
     SoFieldContainer::readInstance(in, static_cast<unsigned short>(flags | IS_GROUP)) && innerParts.areUntouched(in);
